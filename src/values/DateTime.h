@@ -55,8 +55,8 @@ DateTime AddMonths(DateTime date, int months);
 /// A fractional `number` is rounded half to even first. Throws std::logic_error for another interval.
 DateTime DateAdd(std::string_view interval, double number, DateTime date);
 
-/// The language's DateDiff, `to` minus `from`: with "d" calendar days, with "m" month boundaries, "yyyy" year boundaries,
-/// "ww" whole weeks, "h", "n", "s" boundaries. Throws std::logic_error for another interval.
+/// The language's DateDiff, `to` minus `from`: with "d" calendar days, with "m" month boundaries, "yyyy" year
+/// boundaries, "ww" whole weeks, "h", "n", "s" boundaries. Throws std::logic_error for another interval.
 std::int64_t DateDiff(std::string_view interval, DateTime from, DateTime to);
 
 /// The machine's date text: m/d/yyyy without leading zeros, and where there is a time of day " h:mm:ss AM" after it.
@@ -67,8 +67,8 @@ std::string ToIsoText(DateTime date);
 /// "yyyy-mm-dd hh:mm:ss", always with the time: how the embedded store and the automation write a date.
 std::string ToLongIsoText(DateTime date);
 
-/// Reads m/d/yyyy, m-d-yyyy, m/d/yy or yyyy-mm-dd, with an optional h:mm, h:mm:ss, AM or PM; nothing when the text is no date.
-/// Two-digit years below 30 belong to 2000.
+/// Reads m/d/yyyy, m-d-yyyy, m/d/yy or yyyy-mm-dd, with an optional h:mm, h:mm:ss, AM or PM; nothing when the text is
+/// no date. Two-digit years below 30 belong to 2000.
 std::optional<DateTime> ParseDate(std::string_view text);
 
 /// ParseDate, or TypeMismatch.

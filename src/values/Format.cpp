@@ -80,10 +80,7 @@ std::vector<std::string_view> Sections(std::string_view picture)
 struct Digits {
     std::string whole;
     std::string fraction;
-    bool IsZero() const
-    {
-        return whole.empty() && fraction.find_first_not_of('0') == std::string::npos;
-    }
+    bool IsZero() const { return whole.empty() && fraction.find_first_not_of('0') == std::string::npos; }
 };
 
 Digits RoundedDigits(double number, int decimals)

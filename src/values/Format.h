@@ -16,8 +16,8 @@ inline constexpr std::string_view percentPicture = "#,##0.0%";
 inline constexpr std::string_view datePicture = "mm/dd/yyyy";
 
 /// `number` under a picture of the language: `0` a place always shown, `#` a place shown when it holds a digit,
-/// `,` between places groups by thousands, `%` scales by a hundred, other characters stand as they are, "..." and \x quote;
-/// a second section behind `;` is for numbers below zero, a third for zero. Halves round away from zero.
+/// `,` between places groups by thousands, `%` scales by a hundred, other characters stand as they are, "..." and \x
+/// quote; a second section behind `;` is for numbers below zero, a third for zero. Halves round away from zero.
 std::string Format(double number, std::string_view picture);
 
 /// `date` under a picture: d dd ddd dddd m mm mmm mmmm yy yyyy h hh n nn s ss and AM/PM; m behind h counts as minutes.

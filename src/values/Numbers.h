@@ -19,7 +19,8 @@ std::int32_t CLng(double x);
 /// no currency sign and no thousands mark is understood.
 double Val(std::string_view text);
 
-/// Whether the whole text is a number, as CDbl takes it: sign, digits, thousands commas, a currency sign or brackets allowed.
+/// Whether the whole text is a number, as CDbl takes it: sign, digits, thousands commas, a currency sign or brackets
+/// allowed.
 bool IsNumeric(std::string_view text);
 
 /// The number that the whole text is, "$1,234.50" and "($5.00)" included; nothing when it is none.
@@ -28,7 +29,8 @@ std::optional<double> ParseNumber(std::string_view text);
 /// ParseNumber, or TypeMismatch.
 double CDbl(std::string_view text);
 
-/// The number in a mask box: blank gives 0, a currency or percent text its number, and any other text its leading number.
+/// The number in a mask box: blank gives 0, a currency or percent text its number, and any other text its leading
+/// number.
 double MaskedNumber(std::string_view text);
 
 /// A number as the language writes it: up to fifteen significant digits, no trailing zeros, no exponent below 1E+15.

@@ -30,21 +30,18 @@ std::string Value::TextOrEmpty() const
 
 double Value::Number() const
 {
-    return std::visit(Match{[](Null) -> double { throw InvalidUseOfNull(); },
-                            [](bool flag) { return flag ? -1.0 : 0.0; },
-                            [](std::int64_t number) { return static_cast<double>(number); },
-                            [](double number) { return number; },
-                            [](DateTime date) -> double { throw TypeMismatch(ToText(date)); },
-                            [](const std::string& text) { return CDbl(text); }},
-                      content);
+    return std::visit(
+        Match{[](Null) -> double { throw InvalidUseOfNull(); }, [](bool flag) { return flag ? -1.0 : 0.0; },
+              [](std::int64_t number) { return static_cast<double>(number); }, [](double number) { return number; },
+              [](DateTime date) -> double { throw TypeMismatch(ToText(date)); },
+              [](const std::string& text) { return CDbl(text); }},
+        content);
 }
 
 bool Value::Flag() const
 {
-    return std::visit(Match{[](Null) -> bool { throw InvalidUseOfNull(); },
-                            [](bool flag) { return flag; },
-                            [](std::int64_t number) { return number != 0; },
-                            [](double number) { return number != 0; },
+    return std::visit(Match{[](Null) -> bool { throw InvalidUseOfNull(); }, [](bool flag) { return flag; },
+                            [](std::int64_t number) { return number != 0; }, [](double number) { return number != 0; },
                             [](DateTime date) -> bool { throw TypeMismatch(ToText(date)); },
                             [](const std::string& text) {
                                 if (EqualNoCase(text, "True"))
@@ -58,8 +55,7 @@ bool Value::Flag() const
 
 DateTime Value::Date() const
 {
-    return std::visit(Match{[](Null) -> DateTime { throw InvalidUseOfNull(); },
-                            [](DateTime date) { return date; },
+    return std::visit(Match{[](Null) -> DateTime { throw InvalidUseOfNull(); }, [](DateTime date) { return date; },
                             [](const std::string& text) { return ToDate(text); },
                             [](const auto& other) -> DateTime { throw TypeMismatch(ToText(other)); }},
                       content);
