@@ -66,8 +66,9 @@ public:
 
     /// Starts a new row in the buffer.
     void AddNew();
-    /// Writes the buffer to the table: an INSERT for a new row (its identity can be read afterwards), else an optimistic
-    /// UPDATE of the changed columns that throws DatabaseError when the row changed or vanished since it was read.
+    /// Writes the buffer to the table: an INSERT for a new row (its identity can be read afterwards), else an
+    /// optimistic UPDATE of the changed columns that throws DatabaseError when the row changed or vanished since it was
+    /// read.
     void Update();
     /// Deletes the current row, under the same optimistic test.
     void Delete();

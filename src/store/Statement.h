@@ -49,7 +49,8 @@ StatementValue DateText(DateTime date);
 class Statement {
 public:
     Statement() = default;
-    /// Only string literals (and constant arrays of the program) convert to a statement; a std::string or a buffer does not.
+    /// Only string literals (and constant arrays of the program) convert to a statement; a std::string or a buffer does
+    /// not.
     template <std::size_t N>
     Statement(const char (&literal)[N]) : text(literal)
     {
