@@ -49,6 +49,8 @@ function(rovanta_test folder)
     add_executable(${folder}_test ${sources} ${PROJECT_SOURCE_DIR}/tests/main.cpp)
     target_include_directories(${folder}_test PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/tests)
     target_link_libraries(${folder}_test PRIVATE ${ARGN})
+    # main.cpp alone holds doctest's own code, which the precompiled header would hide from it.
+    set_source_files_properties(${PROJECT_SOURCE_DIR}/tests/main.cpp PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
     target_precompile_headers(${folder}_test PRIVATE <string> <vector> <doctest/doctest.h>)
     target_compile_definitions(${folder}_test PRIVATE SOURCE_FOLDER="${PROJECT_SOURCE_DIR}" BINARY_FOLDER="${CMAKE_BINARY_DIR}")
     add_test(NAME ${folder} COMMAND ${folder}_test --no-intro=true)
