@@ -26,6 +26,7 @@ private:
     friend StatementValue Number(double);
     friend StatementValue Flag(bool);
     friend StatementValue DateText(DateTime);
+    friend StatementValue Name(std::string_view);
 };
 
 /// A text for between two apostrophes. An apostrophe in it raises the database's own syntax error: what must break
@@ -38,12 +39,15 @@ StatementValue Key(std::string_view key);
 StatementValue Key(std::int64_t key);
 /// Keys with commas between them, for an IN list. An empty list gives an empty text, which the database refuses.
 StatementValue KeyList(const std::vector<std::string>& keys);
-/// A number as it stands in a statement.
+/// A number as it stands in a statement. Throws Overflow for an infinite one.
 StatementValue Number(double number);
 /// 1 or 0.
 StatementValue Flag(bool flag);
 /// A date for between two apostrophes, m/d/yyyy with the time behind it where there is one.
 StatementValue DateText(DateTime date);
+
+/// A table's or column's name: letters, digits and underscores. Any other text raises a syntax error.
+StatementValue Name(std::string_view name);
 
 /// A statement in the program's T-SQL, put together from literals of the program and values with a kind.
 class Statement {
