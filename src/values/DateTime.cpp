@@ -3,6 +3,7 @@
 #include "values/Errors.h"
 #include "values/Numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <chrono>
@@ -25,17 +26,38 @@ std::chrono::year_month_day CalendarDay(const DateTime& date)
     return std::chrono::sys_days{std::chrono::days{date.DayNumber()}};
 }
 
+/// The day's number, or nothing when the calendar has no such day.
+std::optional<std::int64_t> NumberOfDay(int year, int month, int day)
+{
+    // chrono keeps months and days in a byte: a 257 would come out as a 1.
+    if (year < 1 || year > 9999 || month < 1 || month > 12 || day < 1 || day > 31)
+        return std::nullopt;
+    const std::chrono::year_month_day date{std::chrono::year{year}, std::chrono::month{static_cast<unsigned>(month)},
+                                           std::chrono::day{static_cast<unsigned>(day)}};
+    if (!date.ok())
+        return std::nullopt;
+    return std::chrono::sys_days{date}.time_since_epoch().count();
+}
+
+/// A moment that arithmetic has led to: within the years 1 to 9999 or an Overflow.
+DateTime InCalendar(std::int64_t seconds)
+{
+    constexpr std::int64_t first = -62135596800;  // 1/1/0001
+    constexpr std::int64_t beyond = 253402300800; // 1/1/10000
+    if (seconds < first || seconds >= beyond)
+        throw Overflow();
+    return DateTime::FromSeconds(seconds);
+}
+
 }
 
 DateTime DateTime::Of(int year, int month, int day, int hour, int minute, int second)
 {
-    const std::chrono::year_month_day date{std::chrono::year{year}, std::chrono::month{static_cast<unsigned>(month)},
-                                           std::chrono::day{static_cast<unsigned>(day)}};
+    const auto days = NumberOfDay(year, month, day);
     const bool timeOk = hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60;
-    if (!date.ok() || !timeOk || year < 1 || year > 9999)
+    if (!days || !timeOk)
         throw TypeMismatch(std::to_string(month) + "/" + std::to_string(day) + "/" + std::to_string(year));
-    const auto days = std::chrono::sys_days{date}.time_since_epoch().count();
-    return FromSeconds(days * secondsPerDay + hour * 3600 + minute * 60 + second);
+    return FromSeconds(*days * secondsPerDay + hour * 3600 + minute * 60 + second);
 }
 
 DateTime DateTime::FromSeconds(std::int64_t seconds)
@@ -103,18 +125,22 @@ std::int64_t DateTime::DayNumber() const
 
 DateTime AddDays(DateTime date, std::int64_t days)
 {
-    return DateTime::FromSeconds(date.Seconds() + days * secondsPerDay);
+    if (days < -10'000'000 || days > 10'000'000)
+        throw Overflow();
+    return InCalendar(date.Seconds() + days * secondsPerDay);
 }
 
 DateTime AddMonths(DateTime date, int months)
 {
     using namespace std::chrono;
+    if (months < -200'000 || months > 200'000)
+        throw Overflow();
     const year_month_day day = CalendarDay(date);
     const year_month target = year_month{day.year(), day.month()} + std::chrono::months{months};
     const year_month_day_last last{target.year(), month_day_last{target.month()}};
     const year_month_day moved = day.day() > last.day() ? year_month_day{last} : target / day.day();
     const auto days = sys_days{moved}.time_since_epoch().count();
-    return DateTime::FromSeconds(days * secondsPerDay + date.SecondsOfDay());
+    return InCalendar(days * secondsPerDay + date.SecondsOfDay());
 }
 
 DateTime DateAdd(std::string_view interval, double number, DateTime date)
@@ -130,13 +156,13 @@ DateTime DateAdd(std::string_view interval, double number, DateTime date)
     if (interval == "m")
         return AddMonths(date, static_cast<int>(count));
     if (interval == "yyyy")
-        return AddMonths(date, static_cast<int>(12 * count));
+        return AddMonths(date, static_cast<int>(std::clamp<std::int64_t>(12 * count, -1'000'000, 1'000'000)));
     if (interval == "h")
-        return DateTime::FromSeconds(date.Seconds() + 3600 * count);
+        return InCalendar(date.Seconds() + 3600 * count);
     if (interval == "n")
-        return DateTime::FromSeconds(date.Seconds() + 60 * count);
+        return InCalendar(date.Seconds() + 60 * count);
     if (interval == "s")
-        return DateTime::FromSeconds(date.Seconds() + count);
+        return InCalendar(date.Seconds() + count);
     throw std::logic_error("DateAdd: no interval '" + std::string(interval) + "'");
 }
 
@@ -277,15 +303,14 @@ std::optional<int> ReadTime(DateReader& reader)
     if (!hour || !reader.Take(':'))
         return std::nullopt;
     parts[0] = *hour;
-    for (std::size_t i = 1; i < parts.size(); ++i) {
+    std::size_t count = 1;
+    do {
         const auto part = reader.Number();
         if (!part || *part > 59)
             return std::nullopt;
-        parts[i] = *part;
-        if (!reader.Take(':'))
-            break;
-    }
-    if (reader.Take('.') && !reader.Number())
+        parts[count++] = *part;
+    } while (count < parts.size() && reader.Take(':'));
+    if (count == parts.size() && reader.Take('.') && !reader.Number())
         return std::nullopt;
     reader.SkipBlanks();
     if (const auto afternoon = reader.TakeAfternoon()) {
@@ -306,15 +331,13 @@ std::optional<DateTime> ParseDate(std::string_view text)
     const auto day = ReadDay(reader);
     if (!day)
         return std::nullopt;
-    const std::chrono::year_month_day date{std::chrono::year{day->year},
-                                           std::chrono::month{static_cast<unsigned>(day->month)},
-                                           std::chrono::day{static_cast<unsigned>(day->day)}};
-    if (!date.ok() || day->year < 1753)
+    const auto days = NumberOfDay(day->year, day->month, day->day);
+    if (!days || day->year < 1753)
         return std::nullopt;
     int seconds = 0;
-    if (!reader.Take('T'))
-        reader.SkipBlanks();
-    if (!reader.AtEnd()) {
+    const bool timeMustFollow = reader.Take('T');
+    reader.SkipBlanks();
+    if (timeMustFollow || !reader.AtEnd()) {
         const auto time = ReadTime(reader);
         if (!time)
             return std::nullopt;
@@ -323,7 +346,7 @@ std::optional<DateTime> ParseDate(std::string_view text)
     }
     if (!reader.AtEnd())
         return std::nullopt;
-    return DateTime::FromSeconds(DateTime::Of(day->year, day->month, day->day).Seconds() + seconds);
+    return DateTime::FromSeconds(*days * secondsPerDay + seconds);
 }
 
 DateTime ToDate(std::string_view text)

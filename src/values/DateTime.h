@@ -9,7 +9,7 @@
 namespace rovanta {
 
 /// A calendar date with a time of day in whole seconds, without a time zone: what the machine's clock on the wall says.
-/// Years 1753 to 9999, as the database's `datetime` takes them.
+/// A text is read as a date within the years 1753 to 9999 alone, as the database's `datetime` takes them.
 class DateTime {
 public:
     /// December 30, 1899, 0:00: the zero of the language's dates.
@@ -45,14 +45,17 @@ private:
     std::int64_t seconds = -2209161600; // 1899-12-30
 };
 
-/// `date` moved by whole days, earlier when negative. Keeps the time of day.
+/// `date` moved by whole days, earlier when negative. Keeps the time of day. Throws Overflow beyond the years 1 to
+/// 9999.
 DateTime AddDays(DateTime date, std::int64_t days);
 
 /// `date` moved by calendar months; a day past the month's end falls back to its last day.
+/// Throws Overflow beyond the years 1 to 9999.
 DateTime AddMonths(DateTime date, int months);
 
 /// The language's DateAdd: `interval` is "d" days, "ww" weeks, "m" months, "yyyy" years, "h", "n", "s".
-/// A fractional `number` is rounded half to even first. Throws std::logic_error for another interval.
+/// A fractional `number` is rounded half to even first. Throws Overflow beyond the years 1 to 9999 and
+/// std::logic_error for another interval.
 DateTime DateAdd(std::string_view interval, double number, DateTime date);
 
 /// The language's DateDiff, `to` minus `from`: with "d" calendar days, with "m" month boundaries, "yyyy" year

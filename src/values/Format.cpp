@@ -5,8 +5,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <vector>
 
 namespace rovanta {
@@ -85,11 +85,12 @@ struct Digits {
 
 Digits RoundedDigits(double number, int decimals)
 {
+    // 309 digits before the point and 14 behind it at the most; std::to_chars heeds no locale.
     std::array<char, 400> text{};
     const int magnitude = number > 0 ? static_cast<int>(std::floor(std::log10(number))) + 1 : 1;
     const int known = std::max(0, 15 - std::max(magnitude, 1));
-    std::snprintf(text.data(), text.size(), "%.*f", known, number);
-    std::string written = text.data();
+    const auto end = std::to_chars(text.begin(), text.end(), number, std::chars_format::fixed, known).ptr;
+    const std::string written(text.begin(), end);
     const std::size_t point = std::min(written.find('.'), written.size());
     std::string whole = written.substr(0, point);
     std::string fraction = point < written.size() ? written.substr(point + 1) : "";
@@ -112,19 +113,8 @@ Digits RoundedDigits(double number, int decimals)
     return {whole, all.substr(wholeSize)};
 }
 
-std::string WithGroups(const std::string& whole)
-{
-    std::string grouped;
-    for (std::size_t i = 0; i < whole.size(); ++i) {
-        if (i > 0 && (whole.size() - i) % 3 == 0)
-            grouped += ',';
-        grouped += whole[i];
-    }
-    return grouped;
-}
-
 /// The whole part padded with the zeros that its section always shows.
-std::string WholeText(const Section& section, std::string whole)
+std::string PaddedWhole(const Section& section, std::string whole)
 {
     std::size_t minimum = 0;
     int place = 0;
@@ -138,10 +128,11 @@ std::string WholeText(const Section& section, std::string whole)
     }
     if (whole.size() < minimum)
         whole.insert(0, minimum - whole.size(), '0');
-    return section.grouped ? WithGroups(whole) : whole;
+    return whole;
 }
 
-std::string FractionText(const Section& section, std::string fraction)
+/// The fraction without the zeros that its section does not show.
+std::string TrimmedFraction(const Section& section, std::string fraction)
 {
     std::size_t minimum = 0;
     std::size_t place = 0;
@@ -159,31 +150,42 @@ std::string FractionText(const Section& section, std::string fraction)
     return fraction;
 }
 
-std::string WriteSection(const Section& section, const Digits& digits)
+/// The digits that the whole place with `placesBehind` places behind it shows: one digit, none where the number is
+/// shorter, and at the first place all that stand before it too.
+std::string WholeDigits(const Section& section, const std::string& whole, std::size_t placesBehind, bool firstPlace)
 {
     std::string text;
-    bool wholeWritten = false;
-    bool fractionWritten = false;
-    bool afterPoint = false;
+    for (std::size_t behind = whole.size(); behind-- > 0;) {
+        if (behind != placesBehind && !(firstPlace && behind > placesBehind))
+            continue;
+        text += whole[whole.size() - 1 - behind];
+        if (section.grouped && behind > 0 && behind % 3 == 0)
+            text += ',';
+    }
+    return text;
+}
+
+std::string WriteSection(const Section& section, const Digits& digits)
+{
+    const std::string whole = PaddedWhole(section, digits.whole);
+    const std::string fraction = TrimmedFraction(section, digits.fraction);
+    const auto wholePlaces = static_cast<std::size_t>(section.wholePlaces);
+    std::string text;
+    std::size_t place = 0;
     for (const Place& part : section.places) {
         switch (part.kind) {
         case Place::Kind::Literal:
             text += part.literal;
             break;
         case Place::Kind::Point:
-            if (!wholeWritten && section.wholePlaces == 0)
-                text += digits.whole;
-            text += '.';
-            afterPoint = true;
+            text += wholePlaces == 0 ? whole + '.' : ".";
             break;
         default:
-            if (!afterPoint && !wholeWritten) {
-                text += WholeText(section, digits.whole);
-                wholeWritten = true;
-            } else if (afterPoint && !fractionWritten) {
-                text += FractionText(section, digits.fraction);
-                fractionWritten = true;
-            }
+            if (place < wholePlaces)
+                text += WholeDigits(section, whole, wholePlaces - 1 - place, place == 0);
+            else if (place - wholePlaces < fraction.size())
+                text += fraction[place - wholePlaces];
+            ++place;
         }
     }
     return text;

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <limits>
 
 namespace rovanta {
 
@@ -74,51 +75,73 @@ static std::string LeadingNumber(std::string_view text)
     return number;
 }
 
+/// The number that the whole of `plain` (digits, a point, an exponent) is: 0 for one too small to tell from it,
+/// infinity for one beyond the range of numbers.
+static std::optional<double> ReadDouble(std::string_view plain)
+{
+    double value = 0;
+    const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+    if (error == std::errc::invalid_argument || end != plain.data() + plain.size())
+        return std::nullopt;
+    if (error == std::errc::result_out_of_range) {
+        const std::size_t exponent = plain.find_first_of("eE");
+        const bool tiny = exponent == std::string_view::npos ? plain.find_first_of("123456789") > plain.find('.')
+                                                             : plain[exponent + 1] == '-';
+        return tiny ? 0.0 : std::numeric_limits<double>::infinity();
+    }
+    return value;
+}
+
 double Val(std::string_view text)
 {
     std::string number = LeadingNumber(text);
     if (!number.empty() && number.front() == '+')
         number.erase(0, 1);
-    double value = 0;
-    std::from_chars(number.data(), number.data() + number.size(), value);
+    const double value = ReadDouble(number).value_or(0);
+    if (std::isinf(value))
+        throw Overflow();
     return value;
 }
 
 std::optional<double> ParseNumber(std::string_view text)
 {
-    std::string plain;
-    bool negative = false;
-    bool currency = false;
+    while (!text.empty() && IsBlank(text.back()))
+        text.remove_suffix(1);
+    const bool bracketed = !text.empty() && text.back() == ')';
+    if (bracketed)
+        text.remove_suffix(1);
     bool opened = false;
-    bool closed = false;
-    for (const char c : text) {
-        if (IsBlank(c))
-            continue;
-        if (closed)
-            return std::nullopt;
-        if (c == '(' && plain.empty() && !opened) {
+    bool currency = false;
+    bool sign = false;
+    bool negative = false;
+    // What may stand before the digits, blanks between: a bracket or a sign, and the currency sign, each once.
+    for (; !text.empty(); text.remove_prefix(1)) {
+        const char c = text.front();
+        if (c == '(' && !opened && !sign)
             opened = negative = true;
-        } else if (c == ')' && opened) {
-            closed = true;
-        } else if (c == '$' && plain.empty() && !currency) {
+        else if (c == '$' && !currency)
             currency = true;
-        } else if (c == '-' && plain.empty() && !negative) {
-            negative = true;
-        } else if (c == '+' && plain.empty()) {
-            continue;
-        } else if (c == ',' && !plain.empty()) {
-            continue;
-        } else {
-            plain += c;
-        }
+        else if ((c == '-' || c == '+') && !sign && !opened) {
+            sign = true;
+            negative = c == '-';
+        } else if (!IsBlank(c))
+            break;
     }
-    if (plain.empty() || opened != closed || !(IsDigit(plain.front()) || plain.front() == '.'))
+    if (text.empty() || opened != bracketed || !(IsDigit(text.front()) || text.front() == '.'))
         return std::nullopt;
-    double value = 0;
-    const auto [end, error] = std::from_chars(plain.data(), plain.data() + plain.size(), value);
-    if (error != std::errc{} || end != plain.data() + plain.size())
+    std::string plain;
+    for (const char c : text) {
+        if (c != ',')
+            plain += c;
+        else if (plain.find_first_of(".eE") != std::string::npos)
+            return std::nullopt;
+    }
+    if (bracketed && IsBlank(plain.back()))
+        plain.erase(plain.find_last_not_of(" \t\r\n") + 1);
+    const auto value = ReadDouble(plain);
+    if (!value || std::isinf(*value))
         return std::nullopt;
-    return negative ? -value : value;
+    return negative ? -*value : *value;
 }
 
 bool IsNumeric(std::string_view text)
@@ -156,12 +179,13 @@ struct Decimal {
 
 static Decimal SignificantDigits(double number)
 {
+    // std::to_chars heeds no locale: a desktop set to another language must not turn the point into a comma.
     std::array<char, 40> text{};
-    std::snprintf(text.data(), text.size(), "%.14e", std::fabs(number));
-    const std::string_view written = text.data();
+    const auto end = std::to_chars(text.begin(), text.end(), std::fabs(number), std::chars_format::scientific, 14).ptr;
+    const std::string written(text.begin(), end);
     Decimal decimal;
-    decimal.digits = std::string(1, written[0]) + std::string(written.substr(2, 14));
-    decimal.exponent = std::stoi(std::string(written.substr(written.find('e') + 1))) + 1;
+    decimal.digits = written.substr(0, 1) + written.substr(2, 14);
+    decimal.exponent = std::stoi(written.substr(written.find('e') + 1)) + 1;
     while (decimal.digits.size() > 1 && decimal.digits.back() == '0')
         decimal.digits.pop_back();
     return decimal;

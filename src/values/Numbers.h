@@ -16,14 +16,15 @@ int CInt(double x);
 std::int32_t CLng(double x);
 
 /// The leading number of a text: "12abc" is 12, a blank text is 0. Blanks before and between the digits do not count;
-/// no currency sign and no thousands mark is understood.
+/// no currency sign and no thousands mark is understood. A number beyond the range of doubles throws Overflow.
 double Val(std::string_view text);
 
 /// Whether the whole text is a number, as CDbl takes it: sign, digits, thousands commas, a currency sign or brackets
 /// allowed.
 bool IsNumeric(std::string_view text);
 
-/// The number that the whole text is, "$1,234.50" and "($5.00)" included; nothing when it is none.
+/// The number that the whole text is, "$1,234.50" and "($5.00)" included; nothing when it is none. Blanks may stand at
+/// the ends and around the sign, not between the digits.
 std::optional<double> ParseNumber(std::string_view text);
 
 /// ParseNumber, or TypeMismatch.
