@@ -5,7 +5,6 @@
 #include "values/Text.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace rovanta {
 
@@ -74,10 +73,7 @@ StatementValue KeyList(const std::vector<std::string>& keys)
 
 StatementValue Number(double number)
 {
-    std::string text = ToText(number);
-    if (!std::isfinite(number))
-        throw SyntaxErrorNear(text);
-    return StatementValue(std::move(text));
+    return StatementValue(ToText(number));
 }
 
 StatementValue Flag(bool flag)
@@ -88,6 +84,16 @@ StatementValue Flag(bool flag)
 StatementValue DateText(DateTime date)
 {
     return StatementValue(ToText(date));
+}
+
+StatementValue Name(std::string_view name)
+{
+    const bool plain = !name.empty() && std::all_of(name.begin(), name.end(), [](char c) {
+        return IsDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+    });
+    if (!plain)
+        throw SyntaxErrorNear(std::string(name));
+    return StatementValue(std::string(name));
 }
 
 Statement Statement::Verbatim(std::string text)
