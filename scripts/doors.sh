@@ -16,7 +16,9 @@ fail() {
 # The packages among the arguments that this machine lacks.
 missing_packages() {
     local installed package
-    installed=" $(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "$@" 2>/dev/null | sed -n 's/^installed //p' | tr '\n' ' ')"
+    # dpkg-query fails when it knows one of the names not at all; what it printed of the others holds.
+    installed=$(dpkg-query -W -f='${db:Status-Status} ${Package}\n' "$@" 2>/dev/null || true)
+    installed=" $(sed -n 's/^installed //p' <<<"$installed" | tr '\n' ' ')"
     for package in "$@"; do
         [[ $installed == *" $package "* ]] || printf '%s\n' "$package"
     done
