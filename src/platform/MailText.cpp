@@ -108,7 +108,7 @@ std::string QuotedLine(std::string_view line)
 
 std::string MailAddress(std::string_view address)
 {
-    const std::string trimmed = Trim(address);
+    std::string trimmed = Trim(address);
     const std::size_t at = trimmed.find('@');
     const bool whole = at != std::string::npos && at > 0 && at + 1 < trimmed.size() && at == trimmed.rfind('@');
     const bool plain = std::all_of(trimmed.begin(), trimmed.end(), [](char c) {

@@ -8,7 +8,6 @@
 #include <array>
 #include <charconv>
 #include <chrono>
-#include <cstring>
 #include <random>
 
 namespace rovanta {
@@ -72,7 +71,7 @@ std::size_t ReadMail(char* buffer, std::size_t size, std::size_t count, void* da
 {
     auto& exchange = *static_cast<Exchange*>(data);
     const std::size_t length = std::min(size * count, exchange.mail.size() - exchange.sent);
-    std::memcpy(buffer, exchange.mail.data() + exchange.sent, length);
+    std::copy_n(exchange.mail.data() + exchange.sent, length, buffer);
     exchange.sent += length;
     return length;
 }

@@ -13,6 +13,9 @@ struct Match : Cases... {
     using Cases::operator()...;
 };
 
+template <class... Cases>
+Match(Cases...) -> Match<Cases...>;
+
 }
 
 std::string Value::Text() const
