@@ -64,12 +64,13 @@ void ClearChoices(std::span<const ChoiceColumn> columns)
         each.combo.SetListIndex(-1);
 }
 
-void FillCombo(ComboBox& combo, const Statement& select, Connection& connection)
+void FillCombo(ComboBox& combo, const Statement& select, Connection& connection, std::string_view column)
 {
     combo.Clear();
     Recordset row(select, connection);
-    for (const std::string column = row.ColumnNames().front(); !row.Eof(); row.MoveNext())
-        combo.AddItem(row.Fields(column).TextOrEmpty());
+    const std::string shown = column.empty() ? row.ColumnNames().front() : std::string(column);
+    for (; !row.Eof(); row.MoveNext())
+        combo.AddItem(row.Fields(shown).TextOrEmpty());
 }
 
 void AddPairs(ComboPair& pair, const Statement& select, Connection& connection, std::string_view nameColumn,
@@ -86,10 +87,9 @@ void FillPair(ComboPair& pair, const Statement& select, Connection& connection, 
     AddPairs(pair, select, connection, nameColumn, keyColumn);
 }
 
-void FillStates(std::initializer_list<ComboBox*> combos, Connection& connection)
+void FillStates(ComboBox& combo, Connection& connection)
 {
-    for (ComboBox* combo : combos)
-        FillCombo(*combo, "SELECT State FROM State ORDER BY State", connection);
+    FillCombo(combo, "SELECT State FROM State ORDER BY State", connection);
 }
 
 bool MaySave(App& app, std::string_view permission)

@@ -6,7 +6,6 @@
 #include "store/Recordset.h"
 #include "store/Statement.h"
 
-#include <initializer_list>
 #include <span>
 #include <string>
 #include <string_view>
@@ -20,13 +19,13 @@ class Connection;
 
 /// A text box and the column of its record.
 struct TextColumn {
-    const char* column;
+    std::string column;
     TextControl& box;
 };
 
 /// A combo that shows a text column by one of its entries, and that column.
 struct ChoiceColumn {
-    const char* column;
+    std::string column;
     ComboBox& combo;
 };
 
@@ -47,16 +46,16 @@ void WriteChoices(Recordset& row, std::span<const ChoiceColumn> columns);
 void ClearTexts(std::span<const TextColumn> columns);
 void ClearChoices(std::span<const ChoiceColumn> columns);
 
-/// Clears the list and adds the first column of each row.
-void FillCombo(ComboBox& combo, const Statement& select, Connection& connection);
+/// Clears the list and adds one column of each row: the first, unless another is named.
+void FillCombo(ComboBox& combo, const Statement& select, Connection& connection, std::string_view column = {});
 /// Adds a name and its key for each row, behind what the pair holds already ("N/A", "**All Customers**").
 void AddPairs(ComboPair& pair, const Statement& select, Connection& connection, std::string_view nameColumn = "Name",
               std::string_view keyColumn = "ID");
 /// Clears the pair and adds a name and its key for each row.
 void FillPair(ComboPair& pair, const Statement& select, Connection& connection, std::string_view nameColumn = "Name",
               std::string_view keyColumn = "ID");
-/// Fills each of the combos with the codes of all states.
-void FillStates(std::initializer_list<ComboBox*> combos, Connection& connection);
+/// Fills a combo with the codes of all states.
+void FillStates(ComboBox& combo, Connection& connection);
 
 /// Whether a save may begin: the permission test with its refusal.
 bool MaySave(App& app, std::string_view permission);
