@@ -4,6 +4,11 @@
 #include "frame/MDI.h"
 #include "frame/frmAbout.h"
 #include "frame/frmLogin.h"
+#include "master/frmBusEntry.h"
+#include "master/frmCompanyInfo.h"
+#include "master/frmCustomerEntry.h"
+#include "master/frmCustomerEntry2.h"
+#include "master/frmCustomerNavigator.h"
 
 namespace rovanta {
 
@@ -18,6 +23,11 @@ const ScreenTable& AllScreens()
     static const ScreenTable screens = {
         Entry<MDI>(),
         Entry<frmAbout>(),
+        Entry<frmBusEntry>(),
+        Entry<frmCompanyInfo>(),
+        Entry<frmCustomerEntry>(),
+        Entry<frmCustomerEntry2>(),
+        Entry<frmCustomerNavigator>(),
         Entry<frmLogin>(),
     };
     return screens;
