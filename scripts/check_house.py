@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Holds the checkout against the rules of the house: who may include whom, sizes, words, paths, READMEs.
+"""Holds the checkout against the rules of the house: who may include whom, sizes, words, paths,
+READMEs, packages.
 
 Usage: check_house.py [FOLDER]     prints one line per offence and exits with 1 when there is any.
 """
@@ -98,6 +99,7 @@ class House:
                 self.check_source(name, lines)
         self.check_libraries()
         self.check_readmes(names)
+        self.check_packages(names)
         return self.offences
 
     def check_words(self, name, lines):
@@ -183,6 +185,23 @@ class House:
             sources = any(name.startswith(folder + "/") and name.endswith((".cpp", ".h")) for name in names)
             if sources and f"{folder}/README.md" not in names:
                 self.tell(folder, "has no README.md")
+
+    def check_packages(self, names):
+        """Each Debian package that the house stands on has its reason in the README."""
+        listing, readme = "scripts/packages.sh", "README.md"
+        if listing not in names:
+            return
+        told = ""
+        if readme in names:
+            with open(os.path.join(self.top, readme), encoding="utf-8") as file:
+                told = file.read()
+        with open(os.path.join(self.top, listing), encoding="utf-8") as file:
+            for number, line in enumerate(file, 1):
+                found = re.match(r"\s+([a-z0-9][a-z0-9+.-]+)(\s+#\s+\S)?", line)
+                if found and not found.group(2):
+                    self.tell(f"{listing}:{number}", f"{found.group(1)} has no reason beside it")
+                if found and f"`{found.group(1)}`" not in told:
+                    self.tell(readme, f"does not tell why {found.group(1)} is needed")
 
 
 def main():

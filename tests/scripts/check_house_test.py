@@ -110,6 +110,13 @@ class HouseTest(unittest.TestCase):
         self.assert_one(self.offences({"src/store/A.cpp": ""}), "src/store: has no README.md")
         self.assert_one(self.offences({"automation/A.cpp": ""}), "automation: has no README.md")
 
+    def test_a_package_has_its_reason_in_both_places(self):
+        listing = "run_packages=(\n    g++   # the compiler\n    cmake\n)\n"
+        offences = self.offences({"scripts/packages.sh": listing, "README.md": "`g++` compiles, `cmake` tells what"})
+        self.assert_one(offences, "scripts/packages.sh:3", "cmake has no reason")
+        offences = self.offences({"scripts/packages.sh": listing.replace("cmake", "cmake # y"), "README.md": "`cmake`"})
+        self.assert_one(offences, "README.md", "why g++ is needed")
+
 
 if __name__ == "__main__":
     unittest.main()
