@@ -56,6 +56,13 @@ void Form::MoveFocus(Control& control)
         view->FocusMoved(control);
 }
 
+void Form::DropFocus(Control& control)
+{
+    if (focused == &control)
+        focused = nullptr;
+    control.Leave();
+}
+
 void Form::Register(Control& control)
 {
     if (FindControl(control.Name()))

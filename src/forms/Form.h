@@ -48,6 +48,8 @@ public:
     Control* Focused() const { return focused; }
     /// The focus comes to `control`; the one that had it is left first, with its events.
     void MoveFocus(Control& control);
+    /// The focus goes from `control`, with its events, and comes to no other control.
+    void DropFocus(Control& control);
 
     /// What Enter and Escape press; nullptr for nothing.
     Button* DefaultButton() const { return defaultButton; }
