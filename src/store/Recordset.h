@@ -63,6 +63,8 @@ public:
     /// The column of that name or alias, without regard to case; of two equal names the first.
     /// An unknown name throws DatabaseError.
     Field Fields(std::string_view name);
+    /// The column at a place counted from 0: for whoever reads all of them, the second of two equal names included.
+    Field FieldAt(std::size_t column) { return Field(*this, column); }
 
     /// Starts a new row in the buffer.
     void AddNew();
