@@ -1,5 +1,6 @@
 #include "app/Screens.h"
 
+#include "billing/frmCreateInvoices.h"
 #include "frame/App.h"
 #include "frame/MDI.h"
 #include "frame/frmAbout.h"
@@ -9,6 +10,7 @@
 #include "master/frmCustomerEntry.h"
 #include "master/frmCustomerEntry2.h"
 #include "master/frmCustomerNavigator.h"
+#include "tours/frmRentalEntry.h"
 
 namespace rovanta {
 
@@ -25,10 +27,12 @@ const ScreenTable& AllScreens()
         Entry<frmAbout>(),
         Entry<frmBusEntry>(),
         Entry<frmCompanyInfo>(),
+        Entry<frmCreateInvoices>(),
         Entry<frmCustomerEntry>(),
         Entry<frmCustomerEntry2>(),
         Entry<frmCustomerNavigator>(),
         Entry<frmLogin>(),
+        Entry<frmRentalEntry>(),
     };
     return screens;
 }

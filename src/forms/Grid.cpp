@@ -114,8 +114,13 @@ bool Grid::IsTicked(int textRow, int textCol) const
 
 void Grid::AddItem(std::string_view line, int before)
 {
+    AddCells(Split(line, '\t'), before);
+}
+
+void Grid::AddCells(std::vector<std::string> cells, int before)
+{
     RowEntry entry;
-    entry.cells = Split(line, '\t');
+    entry.cells = std::move(cells);
     entry.cells.resize(columns.size());
     if (before < 0 || before > Rows()) {
         rows.push_back(std::move(entry));

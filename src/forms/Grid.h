@@ -65,6 +65,8 @@ public:
 
     /// Adds a row of tab-separated cells at the end or before `row`.
     void AddItem(std::string_view line, int row = -1);
+    /// The same with the cells as they are, tabs and all.
+    void AddCells(std::vector<std::string> cells, int row = -1);
     void RemoveItem(int row);
     void MoveRow(int from, int to);
 

@@ -25,6 +25,8 @@ public:
 
     /// Opens the screen's record of that key; a screen without records throws std::logic_error.
     virtual void OpenRecord(const std::string& key);
+    /// Reads what the screen lists anew: another screen has changed it. A screen without a list does nothing.
+    virtual void Reload() {}
 
 protected:
     /// Wires the search by first letters to a combo.

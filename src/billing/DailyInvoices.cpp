@@ -1,0 +1,230 @@
+#include "billing/DailyInvoices.h"
+
+#include "tours/TourItemGrid.h"
+#include "values/Errors.h"
+#include "values/Numbers.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace rovanta {
+
+namespace {
+
+/// One period of the pass: n of N, with its first and last day.
+struct Period {
+    int number;
+    int count;
+    DateTime start;
+    DateTime end;
+};
+
+/// Where a charge stands in the working grid and what its line bears.
+struct ShareLine {
+    Line charge;
+    const char* text;
+    int descriptionCol; ///< -1 for a charge without a description of its own
+    const char* other;
+    const char* acct;
+    int orderField;
+    Taxable::Index taxable;
+};
+
+const LineColumns& ColumnsOf(Line line)
+{
+    return ItemLines()[static_cast<std::size_t>(line)];
+}
+
+/// The lines of one period, gathered in the order in which they are written.
+class PeriodLines {
+public:
+    PeriodLines(const Period& period, const TaxRules& rules) : period(period), rules(rules) {}
+
+    void AddBus(const BilledItem& item, DateTime first);
+    void AddDriver(const BilledItem& item, DateTime first, Line charge, const std::string& driver, int orderField);
+    void AddShare(const BilledItem& item, const ShareLine& share);
+    void AddLump(const BilledItem& item, const ShareLine& lump, OtherCharges otherCharges);
+
+    std::vector<InvoiceLine> lines;
+
+private:
+    std::string Span(DateTime first, DateTime last) const;
+    void AddDays(InvoiceLine line, DateTime first, DateTime last);
+    void AddEach(const BilledItem& item, const ShareLine& share, const std::string& description, double rate);
+
+    const Period& period;
+    const TaxRules& rules;
+};
+
+std::string PeriodLines::Span(DateTime first, DateTime last) const
+{
+    return " (" + ToText(std::max(first, period.start)) + " - " + ToText(std::min(last, period.end)) + ")";
+}
+
+void PeriodLines::AddDays(InvoiceLine line, DateTime first, DateTime last)
+{
+    line.qty2 = static_cast<double>(OverlapDays(period.start, period.end, first, last));
+    if (line.qty2 == 0 || line.rate == 0)
+        return;
+    line.uom = "Days";
+    line.periodStart = period.start;
+    line.periodEnd = period.end;
+    line.itemStart = first;
+    line.itemEnd = last;
+    lines.push_back(std::move(line));
+}
+
+/// The whole days in a quotient that may miss a whole number by a hair.
+std::int64_t WholeDays(double days)
+{
+    return static_cast<std::int64_t>(std::floor(days + 1e-6));
+}
+
+void PeriodLines::AddBus(const BilledItem& item, DateTime first)
+{
+    const LineColumns& columns = ColumnsOf(Line::Bus);
+    const double rate = item.NumberAt(columns.rate);
+    if (!item.IsContract(columns.payer) || rate == 0)
+        return;
+    // The span rests on the total and not on the days, so a total changed by hand shifts the day count.
+    const DateTime last = rovanta::AddDays(first, WholeDays(item.NumberAt(columns.total) / rate) - 1);
+    InvoiceLine line;
+    line.description = item.busName + Span(first, last);
+    line.rate = rate;
+    line.busID = item.busID;
+    line.other = item.busName;
+    line.busType = item.busType;
+    line.acct = "Truck and Trailer Lease";
+    line.orderField = 1;
+    line.taxable = rules.taxable[Taxable::Bus];
+    AddDays(std::move(line), first, last);
+}
+
+void PeriodLines::AddDriver(const BilledItem& item, DateTime first, Line charge, const std::string& driver,
+                            int orderField)
+{
+    const LineColumns& columns = ColumnsOf(charge);
+    if (!item.IsContract(columns.payer))
+        return;
+    const DateTime last = rovanta::AddDays(first, WholeDays(item.billedDays) - 1);
+    InvoiceLine line;
+    line.description = driver + Span(first, last);
+    line.rate = item.NumberAt(columns.rate);
+    line.busID = item.busID;
+    line.other = item.busName + " - " + driver;
+    // Kept on purpose: the drivers' days are filed under the hotel's account word.
+    line.acct = "Hotel Buyout";
+    line.orderField = orderField;
+    line.taxable = rules.taxable[Taxable::Driver];
+    AddDays(std::move(line), first, last);
+}
+
+void PeriodLines::AddEach(const BilledItem& item, const ShareLine& share, const std::string& description, double rate)
+{
+    if (rate == 0)
+        return;
+    InvoiceLine line;
+    line.uom = "Each";
+    line.description = description;
+    line.rate = rate;
+    line.busID = item.busID;
+    line.other = item.busName + share.other;
+    line.acct = share.acct;
+    line.orderField = share.orderField;
+    line.periodStart = period.start;
+    line.periodEnd = period.end;
+    line.taxable = rules.taxable[share.taxable];
+    lines.push_back(std::move(line));
+}
+
+std::string TextOf(const BilledItem& item, const ShareLine& share)
+{
+    if (share.descriptionCol < 0)
+        return share.text;
+    return std::string(share.text) + " - (" + item.TextAt(share.descriptionCol) + ") (" + item.busName + ")";
+}
+
+void PeriodLines::AddShare(const BilledItem& item, const ShareLine& share)
+{
+    const LineColumns& columns = ColumnsOf(share.charge);
+    if (!item.IsContract(columns.payer))
+        return;
+    const std::string fraction = std::to_string(period.number) + "/" + std::to_string(period.count) + " of ";
+    AddEach(item, share, fraction + TextOf(item, share), item.NumberAt(columns.total) / period.count);
+}
+
+void PeriodLines::AddLump(const BilledItem& item, const ShareLine& lump, OtherCharges otherCharges)
+{
+    if (otherCharges == OtherCharges::SplitEqually) {
+        AddShare(item, lump);
+        return;
+    }
+    const LineColumns& columns = ColumnsOf(lump.charge);
+    if (period.number == period.count && item.IsContract(columns.payer))
+        AddEach(item, lump, TextOf(item, lump), item.NumberAt(columns.total));
+}
+
+constexpr ShareLine shareLines[] = {
+    {Line::Fuel, "Fuel", -1, " - Fuel", "Fuel Surcharge.", 14, Taxable::Fuel},
+    {Line::Engine, "Engine Service", -1, " - Fuel Surcharge", "Fuel Surcharge.", 15, Taxable::Engine},
+};
+
+constexpr ShareLine lumpLines[] = {
+    {Line::HotelBuyOut, "Hotel Buy Out", -1, " - Hotel Buy Out", "Hotel Buyout", 9, Taxable::HotelBuyOut},
+    {Line::Carpet, "Other", ItemCol::Misc2Desc, " - Other", "Other", 16, Taxable::Carpet},
+    {Line::Permit, "Permits/Tolls/Parking", -1, " - Permits/Tolls/Parking", "Tolls", 18, Taxable::Permit},
+    {Line::Misc, "Overdrives", ItemCol::MiscDesc, " - Gratuities", "Gratuities", 19, Taxable::Misc},
+    {Line::PayrollFee, "Other", ItemCol::Misc3Desc, " - Other", "Other", 20, Taxable::PayrollFee},
+    {Line::Admin, "Other", ItemCol::Misc4Desc, " - Other", "Other", 21, Taxable::Admin},
+};
+
+std::vector<InvoiceLine> LinesOfPeriod(const Period& period, const std::vector<BilledItem>& items,
+                                       const TaxRules& rules, OtherCharges otherCharges)
+{
+    PeriodLines gathered(period, rules);
+    for (const BilledItem& item : items) {
+        const DateTime first = DateAdd("d", -item.travelIn, item.start);
+        gathered.AddBus(item, first);
+        gathered.AddDriver(item, first, Line::Driver, item.driverName, 4);
+        gathered.AddDriver(item, first, Line::AddDriver, item.addDriverName, 5);
+        for (const ShareLine& share : shareLines)
+            gathered.AddShare(item, share);
+        for (const ShareLine& lump : lumpLines)
+            gathered.AddLump(item, lump, otherCharges);
+    }
+    return std::move(gathered.lines);
+}
+
+}
+
+int DailyPeriods(const DailyBilling& billing)
+{
+    const std::int32_t days = CLng(billing.daysPerBill);
+    if (days == 0)
+        throw DivisionByZero();
+    const std::int64_t span = DateDiff("d", billing.firstBillDate, billing.lastDay);
+    return CInt(static_cast<double>(span / days + 1));
+}
+
+std::vector<PlannedInvoice> PlanDailyInvoices(const DailyBilling& billing, const std::vector<BilledItem>& items,
+                                              const TaxRules& rules)
+{
+    std::vector<PlannedInvoice> invoices;
+    const int count = DailyPeriods(billing);
+    DateTime start = billing.firstBillDate;
+    DateTime due = billing.firstDueDate;
+    for (int number = 1; number <= count; ++number) {
+        const DateTime end = DateAdd("d", billing.daysPerBill - 1, start);
+        PlannedInvoice invoice;
+        invoice.due = due;
+        invoice.lines = LinesOfPeriod({number, count, start, end}, items, rules, billing.otherCharges);
+        invoice.totals = TotalsOf(invoice.lines, rules.taxRate);
+        if (!invoice.lines.empty())
+            invoices.push_back(std::move(invoice));
+        start = AddDays(end, 1);
+        due = DateAdd("d", billing.daysPerBill, due);
+    }
+    return invoices;
+}
+
+}

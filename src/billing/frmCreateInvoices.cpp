@@ -1,0 +1,227 @@
+#include "billing/frmCreateInvoices.h"
+
+#include "billing/DailyInvoices.h"
+#include "billing/InvoiceWriter.h"
+#include "billing/MonthlyInvoices.h"
+#include "frame/App.h"
+#include "frame/SharedRoutines.h"
+#include "tours/frmRentalEntry.h"
+#include "values/Numbers.h"
+
+#include <algorithm>
+
+namespace rovanta {
+
+frmCreateInvoices::frmCreateInvoices(App& app) : Screen(app, screenName, "Create Invoices")
+{
+    for (TextBox* box : {&txtClient, &txtTourName, &txtTourID, &txtFirstDay, &txtLastDay, &txtClient2, &txtTourName2,
+                         &txtTourID2, &txtFirstDay2, &txtLastDay2})
+        box->SetReadOnly(true);
+    optSplit = true;
+    dtFirstBillDate = app.clock.Today();
+    dtFirstDueDate = app.clock.Today();
+    dtFirstDueDate2 = app.clock.Today();
+    vsfgInvoiceItems.SetCols(17);
+    btnCalculate.SetEnabled(false);
+    btnCalculate2.SetEnabled(false);
+    SetCancelButton(btnCancel);
+    btnCalculate.Click = [this] { btnCalculate_Click(); };
+    btnCalculate2.Click = [this] { btnCalculate2_Click(); };
+    btnCancel.Click = [this] { Leave(); };
+    btnCancel2.Click = [this] { Leave(); };
+    Unload = [this] { Leave(); };
+}
+
+void frmCreateInvoices::BillableSpan::Include(DateTime start, DateTime end)
+{
+    first = first ? std::min(*first, start) : start;
+    last = last ? std::max(*last, end) : end;
+}
+
+frmCreateInvoices::TourToBill frmCreateInvoices::ReadTour(const std::string& tourID)
+{
+    Recordset row(
+        Statement{"SELECT Tour.ID AS TourID,Tour.CustomerID AS CustomerID,Customer.Name AS CustomerName,"
+                  "Tour.TourName AS TourName,Bus.Name AS BusName,Bus.Type AS BusType,Bus.Model AS BusModel,"
+                  "Bus.Bunks AS BusBunks,TourItems.StartDate AS StartDate,TourItems.EndDate AS EndDate,"
+                  "TourItems.DiscountedDays AS DiscountedDays,TourItems.TravelDaysIn AS TravelDaysIn,"
+                  "TourItems.TravelDaysOut AS TravelDaysOut,TourItems.TourDays AS TourDays,"
+                  "TourItems.BilledDays AS BilledDays,TourItems.BusRate AS BusRate,"
+                  "TourItems.BusRateType AS BusRateType,Invoice.ID AS InvoiceNo FROM ((((Tour LEFT JOIN Customer ON "
+                  "Tour.CustomerID = Customer.ID) LEFT JOIN TourItems ON Tour.ID = TourItems.TourID) LEFT JOIN Bus ON "
+                  "TourItems.BusID = Bus.ID) LEFT JOIN Invoice ON Tour.ID = Invoice.TourID) WHERE Tour.ID = "} +
+            Key(tourID),
+        Database());
+    TourToBill tour;
+    for (; !row.Eof(); row.MoveNext()) {
+        tour.client = row.Fields("CustomerName").TextOrEmpty();
+        tour.tourName = row.Fields("TourName").TextOrEmpty();
+        tour.customerID = row.Fields("CustomerID").TextOrEmpty();
+        tour.invoicesExist = tour.invoicesExist || !row.Fields("InvoiceNo").IsNull();
+        if (row.Fields("StartDate").IsNull())
+            continue;
+        const bool daily = row.Fields("BusRateType").TextOrEmpty() == "Per Day";
+        (daily ? tour.daily : tour.monthly)
+            .Include(DateAdd("d", -row.Fields("TravelDaysIn").NumberOrZero(), row.Fields("StartDate").Date()),
+                     DateAdd("d", row.Fields("TravelDaysOut").NumberOrZero(), row.Fields("EndDate").Date()));
+    }
+    return tour;
+}
+
+void frmCreateInvoices::PrepareInvoiceDialog(const std::string& tourID)
+{
+    txtTourID = tourID;
+    txtTourID2 = tourID;
+    if (tourID == "0")
+        return;
+    const TourToBill tour = ReadTour(tourID);
+    ShowPageOne(tour);
+    ShowPageTwo(tour);
+}
+
+static std::string DayText(const std::optional<DateTime>& day)
+{
+    return day ? ToText(*day) : std::string{};
+}
+
+void frmCreateInvoices::ShowPageOne(const TourToBill& tour)
+{
+    txtClient = tour.client;
+    txtTourName = tour.tourName;
+    txtCustomerID = tour.customerID;
+    txtFirstDay = DayText(tour.daily.first);
+    txtLastDay = DayText(tour.daily.last);
+    chkInvoicesExist = tour.invoicesExist;
+    txtDays = "7";
+    if (tour.daily.first) {
+        dtFirstBillDate = *tour.daily.first;
+        // The first week is due a week before the coach rolls.
+        dtFirstDueDate = DateAdd("d", -txtDays.Val(), *tour.daily.first);
+    }
+    btnCalculate.SetEnabled(!txtFirstDay.IsEmpty() && !txtLastDay.IsEmpty());
+}
+
+void frmCreateInvoices::ShowPageTwo(const TourToBill& tour)
+{
+    txtClient2 = tour.client;
+    txtTourName2 = tour.tourName;
+    txtCustomerID2 = tour.customerID;
+    txtFirstDay2 = DayText(tour.monthly.first);
+    txtLastDay2 = DayText(tour.monthly.last);
+    chkInvoicesExist2 = tour.invoicesExist;
+    if (tour.monthly.first)
+        dtFirstDueDate2 = *tour.monthly.first;
+    btnCalculate2.SetEnabled(!txtFirstDay2.IsEmpty() && !txtLastDay2.IsEmpty());
+}
+
+void frmCreateInvoices::Recalculate()
+{
+    if (btnCalculate.Enabled())
+        btnCalculate_Click();
+    if (btnCalculate2.Enabled())
+        btnCalculate2_Click();
+}
+
+bool frmCreateInvoices::MayReplaceInvoices(const CheckBox& invoicesExist)
+{
+    return !invoicesExist.IsChecked() ||
+           app.Ask("Invoices already exist for this tour. If you continue, all 'auto-invoices' will be edited or "
+                   "deleted, are you sure you want to continue?",
+                   "Delete Confirmation");
+}
+
+TaxRules frmCreateInvoices::Rules() const
+{
+    return {app.company.CompanyTaxRate, app.company.DefaultTaxable};
+}
+
+/// The tour's lines as they stand in the working grid of the open Tour screen, not in the table.
+std::vector<BilledItem> frmCreateInvoices::ReadItems()
+{
+    std::vector<BilledItem> items;
+    const auto* tour = app.Find<frmRentalEntry>();
+    if (!tour)
+        return items;
+    const Grid& grid = tour->vsfgItems;
+    for (int row = 1; row < grid.Rows(); ++row) {
+        BilledItem item;
+        item.cells.reserve(static_cast<std::size_t>(grid.Cols()));
+        for (int col = 0; col < grid.Cols(); ++col)
+            item.cells.push_back(grid.TextMatrix(row, col));
+        item.busName = item.TextAt(ItemCol::BusName);
+        item.busID = item.TextAt(ItemCol::BusID);
+        item.busType = GetBusType(app, item.busID);
+        item.driverName = item.TextAt(ItemCol::DriverName);
+        item.addDriverName = item.TextAt(ItemCol::AddDriverName);
+        item.start = ToDate(item.TextAt(ItemCol::StartDate));
+        item.end = ToDate(item.TextAt(ItemCol::EndDate));
+        item.travelIn = item.NumberAt(ItemCol::TravelDaysIn);
+        item.billedDays = item.NumberAt(ItemCol::BilledDays);
+        item.rateType = item.TextAt(ItemCol::BusRateType);
+        items.push_back(std::move(item));
+    }
+    return items;
+}
+
+void frmCreateInvoices::btnCalculate_Click()
+{
+    if (!MayReplaceInvoices(chkInvoicesExist))
+        return;
+    Hourglass wait(app);
+    DailyBilling billing;
+    billing.firstBillDate = dtFirstBillDate.Value();
+    billing.firstDueDate = dtFirstDueDate.Value();
+    billing.lastDay = ToDate(txtLastDay.Text());
+    billing.daysPerBill = txtDays.Val();
+    billing.otherCharges = optSplit.Value() ? OtherCharges::SplitEqually : OtherCharges::OnFinalBill;
+    RunPass("Daily", txtCustomerID, [&](const auto& items) { return PlanDailyInvoices(billing, items, Rules()); });
+}
+
+void frmCreateInvoices::btnCalculate2_Click()
+{
+    if (!MayReplaceInvoices(chkInvoicesExist2))
+        return;
+    Hourglass wait(app);
+    MonthlyBilling billing;
+    billing.firstDay = ToDate(txtFirstDay2.Text());
+    billing.lastDay = ToDate(txtLastDay2.Text());
+    billing.firstDueDate = dtFirstDueDate2.Value();
+    RunPass("Monthly", txtCustomerID2, [&](const auto& items) { return PlanMonthlyInvoices(billing, items, Rules()); });
+}
+
+void frmCreateInvoices::RunPass(const std::string& type, const TextBox& customerID, const Planner& plan)
+{
+    InvoiceWriter writer(app, {txtTourID.Text(), customerID.Text(), type});
+    writer.SetUpPool();
+    for (const PlannedInvoice& invoice : plan(ReadItems())) {
+        ShowInWorkGrid(invoice.lines);
+        writer.Write(invoice);
+    }
+    writer.RemoveLeftoverInvoices();
+    if (auto* tour = app.Find<frmRentalEntry>()) {
+        tour->LoadTourInvoices();
+        tour->LoadTourPayments();
+    }
+    Leave();
+}
+
+/// The hidden grid holds the lines of the period in hand.
+void frmCreateInvoices::ShowInWorkGrid(const std::vector<InvoiceLine>& lines)
+{
+    vsfgInvoiceItems.SetRows(0);
+    for (const InvoiceLine& line : lines)
+        vsfgInvoiceItems.AddCells({"", ToText(line.qty1), ToText(line.qty2), line.uom, line.description,
+                                   ToText(line.rate), ToText(line.Extended()), line.busID, line.other, line.busType,
+                                   line.acct, std::to_string(line.orderField), ToText(line.periodStart),
+                                   ToText(line.periodEnd), ToText(line.itemStart), ToText(line.itemEnd),
+                                   line.taxable ? "TRUE" : "FALSE"});
+}
+
+void frmCreateInvoices::Leave()
+{
+    if (auto* tour = app.Find<frmRentalEntry>())
+        tour->SetEnabled(true);
+    SetVisible(false);
+}
+
+}
