@@ -29,8 +29,10 @@ public:
     bool IsTrue() const { return !IsNull() && Value().Flag(); }
     bool Flag() const;
     DateTime Date() const;
+    const std::string& Name() const;
 
-    /// Writes into the current row's buffer; `Update` carries it to the table.
+    /// Writes into the current row's buffer; `Update` carries it to the table. The value is converted to the column's
+    /// type at once, and throws the database's conversion error when it cannot be.
     void operator=(rovanta::Value value);
 
 private:
@@ -55,7 +57,8 @@ public:
     void Open(const Statement& select, Connection& connection);
     void Close();
 
-    /// Both true when the query found no row; Eof also when MoveNext has passed the last row.
+    /// Both true when the query found no row; Eof also when MoveNext has passed the last row. A row that was just
+    /// deleted stays the current one, unreadable, until MoveNext.
     bool Eof() const;
     bool Bof() const;
     void MoveNext();
@@ -64,7 +67,7 @@ public:
     /// An unknown name throws DatabaseError.
     Field Fields(std::string_view name);
     /// The column at a place counted from 0: for whoever reads all of them, the second of two equal names included.
-    Field FieldAt(std::size_t column) { return Field(*this, column); }
+    Field FieldAt(std::size_t column);
 
     /// Starts a new row in the buffer.
     void AddNew();
@@ -81,6 +84,8 @@ public:
 private:
     friend class Field;
     struct Rows;
+    Rows& Opened() const;
+
     std::unique_ptr<Rows> rows;
 };
 

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace rovanta {
+
+enum class LiteralKind : std::uint8_t { Text, Whole, Decimal };
+
+/// A value that stands in a statement's text: 'O''Brien' without its quotes, 120 or 12.5.
+struct Literal {
+    LiteralKind kind;
+    std::string text;
+};
+
+enum class TokenKind : std::uint8_t { Word, Bracketed, Literal, Symbol, End };
+
+/// One piece of a statement: a name or keyword, a [name], a literal, or a symbol such as "<=".
+struct Token {
+    TokenKind kind;
+    /// As it stands in the statement; of a [name] the name alone.
+    std::string_view text;
+    /// Which of the statement's literals this is.
+    std::size_t literal = 0;
+};
+
+/// A statement cut into pieces. The tokens look into the text they were read from.
+struct TokenList {
+    std::vector<Token> tokens;
+    std::vector<Literal> literals;
+    /// The text with a mark of its kind in place of each literal: statements of one shape mean the same work.
+    std::string shape;
+};
+
+/// Cuts a statement into tokens, the last of kind End. Comments of both kinds are blanks. Throws DatabaseError with the
+/// piece that belongs to no statement.
+TokenList ReadTokens(std::string_view text);
+
+/// The statements of a script, parted by semicolons, without comments and empty ones.
+std::vector<std::string> SplitScript(std::string_view script);
+
+}

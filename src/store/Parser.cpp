@@ -1,0 +1,249 @@
+#include "store/Parser.h"
+
+#include "store/DatabaseError.h"
+#include "store/ParserState.h"
+#include "values/Text.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace rovanta {
+
+namespace {
+
+/// The words that never stand for a name without brackets.
+constexpr std::array<std::string_view, 51> reservedWords{
+    "ALL",        "AND",    "AS",    "ASC",     "BEGIN",  "BETWEEN",  "BY",    "CASE",  "COMMIT",
+    "CONSTRAINT", "CREATE", "CROSS", "DELETE",  "DESC",   "DISTINCT", "DROP",  "ELSE",  "END",
+    "EXISTS",     "FROM",   "FULL",  "GROUP",   "HAVING", "IN",       "INDEX", "INNER", "INSERT",
+    "INTO",       "IS",     "JOIN",  "KEY",     "LEFT",   "LIKE",     "NOT",   "NULL",  "ON",
+    "OR",         "ORDER",  "OUTER", "PRIMARY", "RIGHT",  "SELECT",   "SET",   "TABLE", "TOP",
+    "UNION",      "UPDATE", "USER",  "VALUES",  "VIEW",   "WHERE"};
+
+bool IsReserved(std::string_view word)
+{
+    return std::any_of(reservedWords.begin(), reservedWords.end(),
+                       [word](std::string_view reserved) { return EqualNoCase(reserved, word); });
+}
+
+}
+
+ParserState::Level::Level(ParserState& parser) : parser(parser)
+{
+    constexpr int deepest = 100;
+    if (parser.depth >= deepest)
+        throw DatabaseError(
+            "Some part of your SQL statement is nested too deeply. Rewrite the query or break it up into "
+            "smaller queries.");
+    ++parser.depth;
+}
+
+const Token& ParserState::Peek(std::size_t ahead) const
+{
+    return list.tokens[std::min(at + ahead, list.tokens.size() - 1)];
+}
+
+bool ParserState::PeekWord(std::string_view word, std::size_t ahead) const
+{
+    const Token& token = Peek(ahead);
+    return token.kind == TokenKind::Word && EqualNoCase(token.text, word);
+}
+
+bool ParserState::PeekSymbol(std::string_view symbol, std::size_t ahead) const
+{
+    const Token& token = Peek(ahead);
+    return token.kind == TokenKind::Symbol && token.text == symbol;
+}
+
+bool ParserState::TakeWord(std::string_view word)
+{
+    const bool found = PeekWord(word);
+    at += found ? 1 : 0;
+    return found;
+}
+
+bool ParserState::TakeSymbol(std::string_view symbol)
+{
+    const bool found = PeekSymbol(symbol);
+    at += found ? 1 : 0;
+    return found;
+}
+
+void ParserState::ExpectWord(std::string_view word)
+{
+    if (!TakeWord(word))
+        FailHere();
+}
+
+void ParserState::ExpectSymbol(std::string_view symbol)
+{
+    if (!TakeSymbol(symbol))
+        FailHere();
+}
+
+bool ParserState::PeekName(std::size_t ahead) const
+{
+    const Token& token = Peek(ahead);
+    return token.kind == TokenKind::Bracketed || (token.kind == TokenKind::Word && !IsReserved(token.text));
+}
+
+std::string ParserState::TakeName()
+{
+    if (!PeekName())
+        FailHere();
+    return std::string(list.tokens[at++].text);
+}
+
+std::string ParserState::TakeTableName()
+{
+    std::string name = TakeName();
+    if (!TakeSymbol("."))
+        return name;
+    std::string table = TakeName();
+    if (!EqualNoCase(name, "dbo"))
+        throw DatabaseError("Invalid object name '" + name + "." + table + "'.");
+    return table;
+}
+
+int ParserState::TakeFixedNumber()
+{
+    const Token& token = Peek();
+    if (token.kind != TokenKind::Literal || list.literals[token.literal].kind != LiteralKind::Whole)
+        FailHere();
+    int number = 0;
+    const auto [end, error] = std::from_chars(token.text.data(), token.text.data() + token.text.size(), number);
+    if (error != std::errc{} || end != token.text.data() + token.text.size())
+        FailHere();
+    fixedLiterals.push_back(token.literal);
+    ++at;
+    return number;
+}
+
+void ParserState::FailAt(const Token& token) const
+{
+    // At the statement's end the database names what stands last.
+    const bool atEnd = token.kind == TokenKind::End && list.tokens.size() > 1;
+    const Token& named = atEnd ? list.tokens[list.tokens.size() - 2] : token;
+    if (named.kind == TokenKind::Literal)
+        throw SyntaxErrorNear(list.literals[named.literal].text);
+    throw SyntaxErrorNear(std::string(named.text));
+}
+
+void ParserState::FailHere() const
+{
+    FailAt(Peek());
+}
+
+ParsedStatement ParserState::Statement()
+{
+    StatementTree tree = AnyStatement();
+    TakeSymbol(";");
+    if (Peek().kind != TokenKind::End)
+        FailHere();
+    return {std::move(tree), std::move(list.literals), std::move(fixedLiterals)};
+}
+
+StatementTree ParserState::AnyStatement()
+{
+    if (PeekWord("SELECT") || PeekSymbol("("))
+        return ReadQuery();
+    if (TakeWord("INSERT"))
+        return Insert();
+    if (TakeWord("UPDATE"))
+        return Update();
+    if (TakeWord("DELETE"))
+        return Delete();
+    if (TakeWord("CREATE"))
+        return Create();
+    if (TakeWord("DROP"))
+        return Drop();
+    if (TakeWord("SET"))
+        return IdentityInsert();
+    if (TakeWord("BEGIN"))
+        return Transaction(TransactionStep::Begin);
+    if (TakeWord("COMMIT"))
+        return Transaction(TransactionStep::Commit);
+    if (TakeWord("ROLLBACK"))
+        return Transaction(TransactionStep::Rollback);
+    FailHere();
+}
+
+InsertStatement ParserState::Insert()
+{
+    InsertStatement insert;
+    TakeWord("INTO");
+    insert.table = TakeTableName();
+    if (PeekSymbol("(") && !PeekWord("SELECT", 1) && !PeekSymbol("(", 1)) {
+        ExpectSymbol("(");
+        insert.columns = NameList();
+        ExpectSymbol(")");
+    }
+    if (!TakeWord("VALUES")) {
+        if (!PeekWord("SELECT") && !PeekSymbol("("))
+            FailHere();
+        insert.query = ReadQuery();
+        return insert;
+    }
+    do {
+        ExpectSymbol("(");
+        std::vector<ExpressionPointer>& row = insert.rows.emplace_back();
+        do {
+            row.push_back(ValueExpression());
+        } while (TakeSymbol(","));
+        ExpectSymbol(")");
+    } while (TakeSymbol(","));
+    return insert;
+}
+
+UpdateStatement ParserState::Update()
+{
+    UpdateStatement update;
+    update.table = TakeTableName();
+    ExpectWord("SET");
+    do {
+        Assignment assignment;
+        assignment.column = TakeName();
+        ExpectSymbol("=");
+        assignment.value = ValueExpression();
+        update.assignments.push_back(std::move(assignment));
+    } while (TakeSymbol(","));
+    if (TakeWord("WHERE"))
+        update.where = Condition();
+    return update;
+}
+
+DeleteStatement ParserState::Delete()
+{
+    DeleteStatement deletion;
+    TakeWord("FROM");
+    deletion.table = TakeTableName();
+    if (TakeWord("WHERE"))
+        deletion.where = Condition();
+    return deletion;
+}
+
+IdentityInsertStatement ParserState::IdentityInsert()
+{
+    IdentityInsertStatement setting;
+    ExpectWord("IDENTITY_INSERT");
+    setting.table = TakeTableName();
+    setting.on = TakeWord("ON");
+    if (!setting.on)
+        ExpectWord("OFF");
+    return setting;
+}
+
+TransactionStatement ParserState::Transaction(TransactionStep step)
+{
+    if (!TakeWord("TRANSACTION"))
+        ExpectWord("TRAN");
+    return {step};
+}
+
+ParsedStatement ParseStatement(TokenList tokens)
+{
+    return ParserState(std::move(tokens)).Statement();
+}
+
+}

@@ -1,0 +1,35 @@
+#include "store/Schema.h"
+
+#include "store/Connection.h"
+#include "store/Engine.h"
+#include "store/Lexer.h"
+#include "store/SqliteEngine.h"
+
+namespace rovanta {
+
+std::vector<std::string> ScriptStatements(std::string_view script)
+{
+    return SplitScript(script);
+}
+
+void CreateSchema(Connection& connection)
+{
+    Engine& engine = connection.GetEngine();
+    engine.Execute("BEGIN TRANSACTION");
+    try {
+        for (const std::string& statement : ScriptStatements(SchemaScript()))
+            engine.Execute(statement);
+        engine.SetSchemaVersion(schemaVersion);
+    } catch (...) {
+        engine.Execute("ROLLBACK TRANSACTION");
+        throw;
+    }
+    engine.Execute("COMMIT TRANSACTION");
+}
+
+void CreateDatabaseFile(const std::string& connectionText)
+{
+    CreateSqliteFile(DatabaseFile(connectionText));
+}
+
+}

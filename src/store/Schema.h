@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace rovanta {
+
+class Connection;
+
+/// The version of the schema that this program works with; a database notes which one it holds.
+inline constexpr int schemaVersion = 1;
+
+/// The statements that make every table and index of an empty database.
+std::string_view SchemaScript();
+
+/// The statements of a script, parted by semicolons, without those that are empty.
+std::vector<std::string> ScriptStatements(std::string_view script);
+
+/// Makes the whole schema in the connected database, all of it or, when a statement fails, nothing.
+void CreateSchema(Connection& connection);
+
+/// Makes an empty embedded database for that connection text, to be opened and given its schema. Throws DatabaseError
+/// when the file exists already.
+void CreateDatabaseFile(const std::string& connectionText);
+
+}

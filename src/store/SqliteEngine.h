@@ -1,0 +1,17 @@
+#pragma once
+
+#include "store/Engine.h"
+
+#include <memory>
+#include <string>
+
+namespace rovanta {
+
+/// Opens the SQLite database in the file `path`. Throws DatabaseError naming the file when it does not exist, is no
+/// database, cannot be written or holds another version of the schema.
+std::unique_ptr<Engine> OpenSqlite(const std::string& path);
+
+/// Makes an SQLite database without tables in the file `path`. Throws DatabaseError when the file exists already.
+void CreateSqliteFile(const std::string& path);
+
+}

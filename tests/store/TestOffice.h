@@ -1,0 +1,89 @@
+#pragma once
+
+#include "store/Connection.h"
+#include "store/Recordset.h"
+#include "store/Schema.h"
+#include "values/DateTime.h"
+
+#include <filesystem>
+#include <string>
+#include <unistd.h>
+
+namespace rovanta {
+
+/// A folder of its own for one test, gone with it.
+class TestFolder {
+public:
+    TestFolder()
+    {
+        std::string name = (std::filesystem::temp_directory_path() / "rovanta-store-XXXXXX").string();
+        path = mkdtemp(name.data());
+    }
+    ~TestFolder()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(path, ignored);
+    }
+    TestFolder(const TestFolder&) = delete;
+    TestFolder& operator=(const TestFolder&) = delete;
+
+    std::string File(const std::string& name) const { return (path / name).string(); }
+
+private:
+    std::filesystem::path path;
+};
+
+/// An empty office in a file of its own: the whole schema, no rows.
+class TestOffice {
+public:
+    TestOffice()
+    {
+        CreateDatabaseFile(File());
+        connection.Open(File());
+        CreateSchema(connection);
+    }
+
+    std::string File() const { return folder.File("office.db"); }
+
+    void Execute(const std::string& statement) { connection.Execute(Statement::Verbatim(statement)); }
+    Recordset Open(const std::string& select) { return Recordset(Statement::Verbatim(select), connection); }
+
+    TestFolder folder;
+    Connection connection;
+};
+
+/// A value as the expected rows of tests write it: NULL, 1, 12.5, 2026-03-02 00:00:00, true, 'text'.
+inline std::string Shown(const Value& value)
+{
+    if (value.IsNull())
+        return "NULL";
+    if (value.IsDate())
+        return ToLongIsoText(value.Date());
+    if (value.IsText())
+        return "'" + value.Text() + "'";
+    if (std::holds_alternative<bool>(value.Get()))
+        return value.Flag() ? "true" : "false";
+    return value.Text();
+}
+
+/// The rows of a SELECT, the values of each parted by " | ".
+inline std::vector<std::string> RowsOf(Recordset& records)
+{
+    std::vector<std::string> rows;
+    const std::size_t columns = records.ColumnNames().size();
+    for (; !records.Eof(); records.MoveNext()) {
+        std::string row;
+        for (std::size_t i = 0; i < columns; ++i)
+            row += (i == 0 ? "" : " | ") + Shown(records.FieldAt(i).Value());
+        rows.push_back(row);
+    }
+    return rows;
+}
+
+inline std::vector<std::string> RowsOf(TestOffice& office, const std::string& select)
+{
+    Recordset records = office.Open(select);
+    return RowsOf(records);
+}
+
+}
