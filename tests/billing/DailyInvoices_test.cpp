@@ -1,0 +1,289 @@
+#include "billing/DailyInvoices.h"
+
+#include "tests/billing/Invoices_fixture.h"
+#include "values/Errors.h"
+
+#include <doctest/doctest.h>
+
+#include <set>
+
+using namespace rovanta;
+
+static DailyBilling Weekly(const char* firstBill, const char* lastDay, double days = 7)
+{
+    DailyBilling billing;
+    billing.firstBillDate = ToDate(firstBill);
+    billing.firstDueDate = DateAdd("d", -days, billing.firstBillDate);
+    billing.lastDay = ToDate(lastDay);
+    billing.daysPerBill = days;
+    return billing;
+}
+
+/// Ten days on the road, March 2 to 11, at 900 a day.
+static BilledItem TenDays()
+{
+    BilledItem item = ItemOfTour("Silver Arrow", "3/2/2026", "3/11/2026");
+    item.billedDays = 10;
+    SetRate(item, Line::Bus, 900, 9000);
+    return item;
+}
+
+TEST_CASE("Ten days billed by seven make two invoices of seven and three days")
+{
+    BilledItem item = TenDays();
+    SetRate(item, Line::Fuel, 1, 600);
+    const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {});
+    REQUIRE(invoices.size() == 2);
+    CHECK(ToText(invoices[0].due) == "2/23/2026");
+    CHECK(ToText(invoices[1].due) == "3/2/2026");
+    REQUIRE(invoices[0].lines.size() == 2);
+    CHECK(invoices[0].lines[0].qty2 == 7);
+    CHECK(invoices[0].lines[0].uom == "Days");
+    CHECK(invoices[0].lines[0].description == "Silver Arrow (3/2/2026 - 3/8/2026)");
+    CHECK(invoices[0].lines[0].acct == "Truck and Trailer Lease");
+    CHECK(invoices[0].lines[0].busType == "Bus");
+    CHECK(invoices[1].lines[0].qty2 == 3);
+    CHECK(invoices[1].lines[0].description == "Silver Arrow (3/9/2026 - 3/11/2026)");
+    CHECK(invoices[0].lines[1].description == "1/2 of Fuel");
+    CHECK(invoices[1].lines[1].description == "2/2 of Fuel");
+    CHECK(invoices[1].lines[1].rate == 300);
+    CHECK(invoices[1].lines[1].acct == "Fuel Surcharge.");
+    CHECK(invoices[1].lines[1].busType.empty());
+    CHECK(invoices[0].totals.subTotal == 6600);
+    CHECK(invoices[1].totals.subTotal == 3000);
+}
+
+TEST_CASE("The first billed day is the start less the travel days in")
+{
+    BilledItem item = TenDays();
+    item.travelIn = 2;
+    item.billedDays = 12;
+    SetRate(item, Line::Bus, 900, 10800);
+    SetRate(item, Line::Driver, 250, 3000);
+    item.driverName = "Lee Marsh";
+    const auto invoices = PlanDailyInvoices(Weekly("2/28/2026", "3/11/2026"), {item}, {});
+    REQUIRE(invoices.size() == 2);
+    CHECK(invoices[0].lines[0].description == "Silver Arrow (2/28/2026 - 3/6/2026)");
+    CHECK(invoices[1].lines[0].qty2 == 5);
+    CHECK(invoices[0].lines[1].description == "Lee Marsh (2/28/2026 - 3/6/2026)");
+    CHECK(invoices[0].lines[1].other == "Silver Arrow - Lee Marsh");
+    CHECK(invoices[0].lines[1].acct == "Hotel Buyout");
+    CHECK(invoices[0].lines[1].orderField == 4);
+}
+
+TEST_CASE("The bus line's days rest on its total, the drivers' on the billed days")
+{
+    BilledItem item = TenDays();
+    SetRate(item, Line::Bus, 900, 7200); // eight days by the total
+    SetRate(item, Line::Driver, 100, 1000);
+    const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {});
+    REQUIRE(invoices.size() == 2);
+    CHECK(invoices[1].lines[0].qty2 == 1);
+    CHECK(invoices[1].lines[0].description == "Silver Arrow (3/9/2026 - 3/9/2026)");
+    CHECK(invoices[1].lines[1].qty2 == 3);
+}
+
+TEST_CASE("A quotient that misses a whole day by a hair still counts it")
+{
+    BilledItem item = TenDays();
+    SetRate(item, Line::Bus, 0.1, 0.1 * 10);
+    const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {});
+    CHECK(invoices.back().lines[0].qty2 == 3);
+}
+
+TEST_CASE("Only what the contract pays is invoiced, and nothing with a rate of zero")
+{
+    BilledItem item = TenDays();
+    SetRate(item, Line::Driver, 250, 2500);
+    SetPayer(item, Line::Driver, Payer::driver);
+    SetRate(item, Line::Fuel, 1, 600);
+    SetPayer(item, Line::Fuel, Payer::client);
+    const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {});
+    REQUIRE(invoices.size() == 2);
+    CHECK(invoices[0].lines.size() == 1);
+
+    SetRate(item, Line::Bus, 0, 0);
+    CHECK(PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {}).empty());
+}
+
+TEST_CASE("A monthly item with a bus rate is billed by the day too")
+{
+    BilledItem item = TenDays();
+    item.rateType = "Per Month";
+    CHECK(PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {}).size() == 2);
+}
+
+TEST_CASE("Eight charges are never billed by this pass")
+{
+    BilledItem item = TenDays();
+    SetRate(item, Line::Bus, 0, 0);
+    for (const Line line : {Line::DOT, Line::Satellite, Line::Internet, Line::Supplies, Line::BusWash, Line::Linen,
+                            Line::Generator, Line::Cleaning})
+        SetRate(item, line, 10, 100);
+    CHECK(PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {}).empty());
+}
+
+static BilledItem WithLumps()
+{
+    BilledItem item = TenDays();
+    item.cells[ItemCol::MiscDesc] = "Night drives";
+    item.cells[ItemCol::Misc2Desc] = "Flights";
+    item.cells[ItemCol::Misc3Desc] = "Wrap";
+    item.cells[ItemCol::Misc4Desc] = "Second driver";
+    SetRate(item, Line::HotelBuyOut, 120, 240);
+    SetRate(item, Line::Carpet, 0, 100);
+    SetRate(item, Line::Permit, 0, 85.25);
+    SetRate(item, Line::Misc, 0, 50);
+    SetRate(item, Line::PayrollFee, 0, 40);
+    SetRate(item, Line::Admin, 0, 30);
+    return item;
+}
+
+TEST_CASE("Split equally, each bill bears its share of the other charges with the fraction in its text")
+{
+    const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {WithLumps()}, {});
+    REQUIRE(invoices.size() == 2);
+    const auto& lines = invoices[1].lines;
+    REQUIRE(lines.size() == 7);
+    CHECK(lines[1].description == "2/2 of Hotel Buy Out");
+    CHECK(lines[2].description == "2/2 of Other - (Flights) (Silver Arrow)");
+    CHECK(lines[3].description == "2/2 of Permits/Tolls/Parking");
+    CHECK(lines[3].rate == 42.625);
+    CHECK(lines[3].acct == "Tolls");
+    CHECK(lines[4].description == "2/2 of Overdrives - (Night drives) (Silver Arrow)");
+    CHECK(lines[4].other == "Silver Arrow - Gratuities");
+    CHECK(lines[5].description == "2/2 of Other - (Wrap) (Silver Arrow)");
+    CHECK(lines[6].description == "2/2 of Other - (Second driver) (Silver Arrow)");
+    CHECK(lines[6].orderField == 21);
+}
+
+TEST_CASE("On a final bill, the other charges stand whole on the last invoice alone")
+{
+    DailyBilling billing = Weekly("3/2/2026", "3/11/2026");
+    billing.otherCharges = OtherCharges::OnFinalBill;
+    const auto invoices = PlanDailyInvoices(billing, {WithLumps()}, {});
+    REQUIRE(invoices.size() == 2);
+    CHECK(invoices[0].lines.size() == 1);
+    REQUIRE(invoices[1].lines.size() == 7);
+    CHECK(invoices[1].lines[1].description == "Hotel Buy Out");
+    CHECK(invoices[1].lines[3].description == "Permits/Tolls/Parking");
+    CHECK(invoices[1].lines[3].rate == 85.25);
+    CHECK(invoices[1].lines[6].description == "Other - (Second driver) (Silver Arrow)");
+}
+
+TEST_CASE("The number of periods is the whole days over the days per bill, plus one")
+{
+    CHECK(DailyPeriods(Weekly("3/2/2026", "3/8/2026")) == 1);
+    CHECK(DailyPeriods(Weekly("3/2/2026", "3/9/2026")) == 2); // the last day on a period's first day
+    CHECK(DailyPeriods(Weekly("3/2/2026", "3/2/2026")) == 1);
+    CHECK(DailyPeriods(Weekly("3/2/2026", "3/1/2026")) == 1);
+    CHECK(DailyPeriods(Weekly("3/2/2026", "2/20/2026")) == 0);
+    CHECK(DailyPeriods(Weekly("3/2/2026", "3/11/2026", 1)) == 10);
+    CHECK_THROWS_WITH(DailyPeriods(Weekly("3/2/2026", "3/11/2026", 0)), "Division by zero");
+    CHECK_THROWS_WITH(DailyPeriods(Weekly("1/1/1900", "1/1/2020", 1)), "Overflow");
+}
+
+TEST_CASE("The last day on a period's first day makes one more invoice of one day")
+{
+    BilledItem item = ItemOfTour("Silver Arrow", "3/2/2026", "3/9/2026");
+    SetRate(item, Line::Bus, 900, 7200);
+    const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/9/2026"), {item}, {});
+    REQUIRE(invoices.size() == 2);
+    CHECK(invoices[1].lines[0].qty2 == 1);
+}
+
+TEST_CASE("Days before the first bill date are never billed")
+{
+    const auto invoices = PlanDailyInvoices(Weekly("3/5/2026", "3/11/2026"), {TenDays()}, {});
+    REQUIRE(invoices.size() == 1);
+    CHECK(invoices[0].lines[0].qty2 == 7);
+    CHECK(invoices[0].lines[0].description == "Silver Arrow (3/5/2026 - 3/11/2026)");
+}
+
+TEST_CASE("A period in which no line arises makes no invoice")
+{
+    BilledItem early = ItemOfTour("Silver Arrow", "3/2/2026", "3/4/2026");
+    SetRate(early, Line::Bus, 900, 2700);
+    BilledItem late = ItemOfTour("Blue Comet", "3/23/2026", "3/24/2026");
+    SetRate(late, Line::Bus, 800, 1600);
+    const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/24/2026"), {early, late}, {});
+    REQUIRE(invoices.size() == 2);
+    CHECK(ToText(invoices[1].due) == "3/16/2026");
+}
+
+TEST_CASE("A leap day is a day like any other")
+{
+    BilledItem item = ItemOfTour("Silver Arrow", "2/26/2024", "3/3/2024");
+    SetRate(item, Line::Bus, 900, 6300);
+    const auto invoices = PlanDailyInvoices(Weekly("2/26/2024", "3/3/2024"), {item}, {});
+    REQUIRE(invoices.size() == 1);
+    CHECK(invoices[0].lines[0].qty2 == 7);
+}
+
+TEST_CASE("A negative span bills its shares but no days")
+{
+    BilledItem item = ItemOfTour("Silver Arrow", "3/11/2026", "3/2/2026");
+    item.billedDays = -8;
+    SetRate(item, Line::Bus, 900, -7200);
+    SetRate(item, Line::Fuel, 1, 600);
+    const auto invoices = PlanDailyInvoices(Weekly("3/11/2026", "3/2/2026"), {item}, {});
+    CHECK(invoices.empty()); // not one period
+    const auto one = PlanDailyInvoices(Weekly("3/11/2026", "3/10/2026"), {item}, {});
+    REQUIRE(one.size() == 1);
+    CHECK(one[0].lines.size() == 1);
+    CHECK(one[0].lines[0].description == "1/1 of Fuel");
+}
+
+TEST_CASE("Tax and subtotal round per line, half to even, before they are added")
+{
+    InvoiceLine line;
+    line.rate = 10.005;
+    line.taxable = true;
+    const InvoiceTotals totals = TotalsOf({line, line}, 10);
+    CHECK(totals.tax == 2.00);
+    CHECK(totals.subTotal == doctest::Approx(20.00).epsilon(0.001));
+    line.rate = 0.125;
+    CHECK(TotalsOf({line}, 100).tax == 0.12);
+    line.rate = 0.375;
+    CHECK(TotalsOf({line}, 100).subTotal == 0.38);
+    line.taxable = false;
+    CHECK(TotalsOf({line}, 100).tax == 0);
+    CHECK(TotalsOf({}, 100).total == 0);
+}
+
+TEST_CASE("Each charge asks its own taxable flag")
+{
+    BilledItem item = WithLumps();
+    item.driverName = "Lee Marsh";
+    item.addDriverName = "Kim Doyle";
+    SetRate(item, Line::Driver, 250, 2500);
+    SetRate(item, Line::AddDriver, 200, 2000);
+    SetRate(item, Line::Fuel, 1, 600);
+    SetRate(item, Line::Engine, 1, 60);
+    const std::vector<Taxable::Index> flags = {Taxable::Bus,    Taxable::Driver,      Taxable::Driver, Taxable::Fuel,
+                                               Taxable::Engine, Taxable::HotelBuyOut, Taxable::Carpet, Taxable::Permit,
+                                               Taxable::Misc,   Taxable::PayrollFee,  Taxable::Admin};
+    for (std::size_t flag = 0; flag < Taxable::Count; ++flag) {
+        TaxRules rules;
+        rules.taxRate = 9.25;
+        rules.taxable[flag] = true;
+        const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, rules);
+        REQUIRE(invoices.size() == 2);
+        REQUIRE(invoices[0].lines.size() == flags.size());
+        for (std::size_t i = 0; i < flags.size(); ++i)
+            CHECK(invoices[0].lines[i].taxable == (flags[i] == static_cast<Taxable::Index>(flag)));
+    }
+}
+
+TEST_CASE("Overlapping days count both ends and are zero where the spans do not touch")
+{
+    const auto days = [](const char* ps, const char* pe, const char* is, const char* ie) {
+        return OverlapDays(ToDate(ps), ToDate(pe), ToDate(is), ToDate(ie));
+    };
+    CHECK(days("3/1/2026", "3/7/2026", "3/1/2026", "3/7/2026") == 7);
+    CHECK(days("3/1/2026", "3/7/2026", "3/7/2026", "3/9/2026") == 1);
+    CHECK(days("3/1/2026", "3/7/2026", "3/8/2026", "3/9/2026") == 0);
+    CHECK(days("3/1/2026", "3/7/2026", "2/1/2026", "2/28/2026") == 0);
+    CHECK(days("3/1/2026", "3/7/2026", "2/1/2026", "4/28/2026") == 7);
+    CHECK(days("3/1/2026", "3/7/2026", "3/3/2026", "3/4/2026") == 2);
+}
