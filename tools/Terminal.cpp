@@ -1,0 +1,51 @@
+#include "tools/Terminal.h"
+
+#include "values/Errors.h"
+
+#include <iostream>
+
+#include <termios.h>
+#include <unistd.h>
+
+namespace rovanta {
+
+namespace {
+
+/// The terminal shows nothing that is typed as long as this lives.
+class Silence {
+public:
+    Silence()
+    {
+        tcgetattr(STDIN_FILENO, &before);
+        termios silent = before;
+        silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
+    }
+    ~Silence() { tcsetattr(STDIN_FILENO, TCSAFLUSH, &before); }
+    Silence(const Silence&) = delete;
+    Silence& operator=(const Silence&) = delete;
+
+private:
+    termios before{};
+};
+
+}
+
+bool HasTerminal()
+{
+    return isatty(STDIN_FILENO) == 1;
+}
+
+std::string AskSecret(const std::string& question)
+{
+    std::cerr << question << std::flush;
+    std::string answer;
+    const Silence silence;
+    const bool read = static_cast<bool>(std::getline(std::cin, answer));
+    std::cerr << "\n";
+    if (!read)
+        throw RunTimeError("The input ended before the password.");
+    return answer;
+}
+
+}
