@@ -25,19 +25,20 @@ Exit codes: 0 when all went well, 1 when the start failed, the program ended by 
 A story is a text file of steps, a line each; "#" begins a remark, texts with blanks stand in double quotes.
 FORM may be left out after "on FORM".
 
-  office NAME                      a fresh office, made with the statements of fixtures/NAME.sql
+  office NAME                      a fresh office, made with the statements of fixtures/NAME.sql;
+                                   its first user is "office" with the password "coach2026"
   clock 2026-03-02 09:00:00        the time of the office
   sign in USER PASSWORD            fills the sign-in box and presses its button
-  desk NAME                        goes over to another desk, a second running program in the same office
+  desk NAME                        goes over to another desk: one more running program in the same office
   start                            starts the program anew after it has ended
   say "..."                        a sentence for --tell
-  menu COMMAND                     open FORM              close FORM            on FORM
-  set FORM CONTROL VALUE           pick FORM CONTROL ENTRY [off]                key FORM CONTROL TEXT
-  enter FORM CONTROL               leave FORM CONTROL     click FORM CONTROL    doubleclick FORM CONTROL
-  edit FORM GRID ROW COL VALUE     select FORM GRID ROW COL [ROWTO]
-  click FORM GRID ROW COL          doubleclick, rightclick and hover likewise
+  menu COMMAND                     open FORM               close FORM             on FORM
+  set FORM CONTROL VALUE           pick FORM CONTROL ENTRY [off]                  key FORM CONTROL TEXT
+  enter FORM CONTROL               leave FORM CONTROL      click FORM CONTROL     doubleClick FORM CONTROL
+  edit FORM GRID ROW COL VALUE     select FORM GRID ROW COL [LASTROW]
+  click FORM GRID ROW COL          doubleClick, rightClick and hover likewise
   answer yes no ...                for the Yes/No boxes to come
-  file PATH                        for the next file dialog
+  file PATH                        for the next file dialog; {office} and {story} are their folders
   execute SQL                      call METHOD {JSON}
 
 What the last step must have brought:
@@ -57,8 +58,9 @@ What must be seen now:
   entries FORM CONTROL ENTRY ...           the whole list of a combo or list box
   shown FORM                               gone FORM
   cell FORM GRID ROW COL TEXT              COL is a number or the caption of the column
-  cells FORM GRID [FIRST [LAST]] [: COL ...]   followed by indented rows, cells with | between them
-  query SELECT ...                         followed by indented rows; NULL is written null, * stands for anything
+  cells FORM GRID [FIRST [LAST]] [: COL ...]   followed by indented rows, the cells with | between them
+  query SELECT ...                         followed by indented rows; null is NULL, * stands for anything
+  exists PATH                              absent PATH
 )";
 
 static std::string ValueOf(const std::vector<std::string>& arguments, std::size_t& at)

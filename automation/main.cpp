@@ -2,6 +2,7 @@
 #include "automation/CommandLine.h"
 #include "automation/Desk.h"
 #include "automation/Dispatcher.h"
+#include "automation/Stories.h"
 
 #include <iostream>
 
@@ -20,6 +21,8 @@ int main(int count, char** arguments)
         std::cout << usage;
         return 0;
     }
+    if (line.run)
+        return PlayStories(line.stories, {line.configPath, line.keep, line.tell}, std::cout) == 0 ? 0 : 1;
     Desk desk(AllScreens(), {line.configPath, line.machine, line.clock});
     return Serve(desk, std::cin, std::cout);
 }
