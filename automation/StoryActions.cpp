@@ -76,8 +76,10 @@ void StoryPlayer::Do(const StoryStep& step)
         (this->*action->second)(reader);
     } else if (call != PlainCalls().end()) {
         Json parameters = Json::object();
-        for (const char* name : call->second.parameters) {
-            const bool form = std::string_view(name) == "form" && step.verb != "open";
+        const auto& names = call->second.parameters;
+        for (const char* name : names) {
+            // Where the form is all that is told, a word is its name whether there is such a form or not.
+            const bool form = std::string_view(name) == "form" && (names.size() > 1 || !reader.HasMore());
             parameters[name] = form ? Json(reader.Form()) : ValueOf(reader.Word(name));
         }
         if (step.verb == "select" && reader.HasMore())
