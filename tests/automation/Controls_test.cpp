@@ -1,6 +1,6 @@
 #include <doctest/doctest.h>
 
-#include "SampleDesk.h"
+#include "automation/SampleDesk.h"
 
 using namespace rovanta;
 using namespace rovanta::tests;

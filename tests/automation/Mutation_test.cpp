@@ -1,6 +1,6 @@
 #include <doctest/doctest.h>
 
-#include "SampleDesk.h"
+#include "automation/SampleDesk.h"
 
 #include <random>
 
