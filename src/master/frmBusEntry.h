@@ -50,7 +50,7 @@ public:
     ListBox lstImagesType{this, "lstImagesType", {}, Visibility::Hidden};
     TextBox txtImageID{this, "txtImageID", Visibility::Hidden};
     TextBox txtImageName{this, "txtImageName", "Image Name"};
-    TextBox txtFileType{this, "txtFileType", Visibility::Hidden};
+    TextBox txtFileType{this, "txtFileType", "File Type"};
     Picture imgPic{this, "imgPic"};
     Button btnLoadPic{this, "btnLoadPic", "Load Picture"};
     Button btnAddImage{this, "btnAddImage", "Update"};

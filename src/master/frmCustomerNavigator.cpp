@@ -4,8 +4,8 @@
 #include "frame/MDI.h"
 #include "frame/RecordLoading.h"
 #include "master/SearchConditions.h"
-#include "values/Text.h"
 
+#include <algorithm>
 #include <array>
 
 namespace rovanta {
@@ -14,6 +14,7 @@ namespace rovanta {
 static constexpr std::array headings = {"TourContactID", "CustomerID", "TourID", "Customer", "Tour", "Type", "Company",
                                         "Contact",       "Address",    "Phone",  "Cell",     "Fax",  "Email"};
 static constexpr int keyColumns = 3;
+static constexpr std::size_t addressColumn = 8;
 
 frmCustomerNavigator::frmCustomerNavigator(App& app) : Screen(app, screenName, "Search Navigator")
 {
@@ -33,7 +34,7 @@ void frmCustomerNavigator::SetGrid()
 {
     vsfgContacts.SetRows(0);
     vsfgContacts.SetCols(static_cast<int>(headings.size()));
-    vsfgContacts.AddItem(Join({headings.begin(), headings.end()}, "\t"));
+    vsfgContacts.AddCells({headings.begin(), headings.end()});
     vsfgContacts.SetFixedRows(1);
     for (int column = 0; column < keyColumns; ++column)
         vsfgContacts.SetColHidden(column, true);
@@ -69,13 +70,13 @@ void frmCustomerNavigator::SearchContacts()
     }
 }
 
-/// The cells of one row: the values of the columns, an empty name giving an empty cell.
-static std::string Cells(Recordset& row, std::initializer_list<std::string_view> columns)
+/// The values of the columns, a NULL giving an empty cell.
+static std::vector<std::string> Cells(Recordset& row, std::initializer_list<std::string_view> columns)
 {
     std::vector<std::string> cells;
     for (const std::string_view column : columns)
-        cells.push_back(column.empty() ? std::string{} : row.Fields(column).TextOrEmpty());
-    return Join(cells, "\t");
+        cells.push_back(row.Fields(column).TextOrEmpty());
+    return cells;
 }
 
 static std::string AddressLine(Recordset& row, std::string_view streetColumn)
@@ -92,10 +93,12 @@ void frmCustomerNavigator::AddTourContacts()
                       TourContactConditions() +
                       " ORDER BY TourContacts.ContactType,TourContacts.Name,TourContacts.Contact",
                   Database());
-    for (; !row.Eof(); row.MoveNext())
-        vsfgContacts.AddItem(Cells(row, {"ID", "CustomerID", "OrigTourID", "CustomerName", "TourName", "ContactType",
-                                         "Name", "Contact"}) +
-                             "\t" + AddressLine(row, "Address") + "\t" + Cells(row, {"Phone", "Cell", "Fax", "Email"}));
+    for (; !row.Eof(); row.MoveNext()) {
+        auto cells = Cells(row, {"ID", "CustomerID", "OrigTourID", "CustomerName", "TourName", "ContactType", "Name",
+                                 "Contact", "Address", "Phone", "Cell", "Fax", "Email"});
+        cells[addressColumn] = AddressLine(row, "Address");
+        vsfgContacts.AddCells(std::move(cells));
+    }
 }
 
 void frmCustomerNavigator::AddCustomers()
@@ -106,9 +109,11 @@ void frmCustomerNavigator::AddCustomers()
                       CustomerConditions() + " ORDER BY Customer.Name,Tour.TourName",
                   Database());
     for (; !row.Eof(); row.MoveNext())
-        vsfgContacts.AddItem(Cells(row, {"", "CustomerID", "TourID", "CustomerName", "TourName"}) + "\tCustomer\t" +
-                             Cells(row, {"Name", "Contact1"}) + "\t" + AddressLine(row, "Address1") + "\t" +
-                             Cells(row, {"Phone1", "", "Fax1", "Email1"}));
+        vsfgContacts.AddCells({"", row.Fields("CustomerID").TextOrEmpty(), row.Fields("TourID").TextOrEmpty(),
+                               row.Fields("CustomerName").TextOrEmpty(), row.Fields("TourName").TextOrEmpty(),
+                               "Customer", row.Fields("Name").TextOrEmpty(), row.Fields("Contact1").TextOrEmpty(),
+                               AddressLine(row, "Address1"), row.Fields("Phone1").TextOrEmpty(), "",
+                               row.Fields("Fax1").TextOrEmpty(), row.Fields("Email1").TextOrEmpty()});
 }
 
 Statement frmCustomerNavigator::TourContactConditions() const

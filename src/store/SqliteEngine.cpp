@@ -197,7 +197,8 @@ public:
         WithFreshCatalogue([&] {
             const auto translated = translator.Translate(select, catalogue);
             if (translated.plan->kind != PlanKind::Query)
-                throw SyntaxErrorNear(std::string(select.substr(0, select.find_first_of(" \t\r\n"))));
+                throw DatabaseError(
+                    "Operation is not allowed when the object is closed: the statement returns no rows.");
             rows = ReadRows(*translated.plan, translated.literals);
             // Another program has changed a table meanwhile: what the star stood for may be another list of columns
             // now.

@@ -119,6 +119,14 @@ TEST_CASE("A listed picture is read back, renamed in place, and the lists follow
     screen.btnAddImage.Click.Fire();
     CHECK(desk.Rows("SELECT ID,ImageName FROM BusImages ORDER BY ID") == "1|bunks\n2|front");
     CHECK(screen.lstImages.Entries() == std::vector<std::string>{"bunks", "front"});
+    desk.Execute("INSERT INTO Bus (Name,Type,OwnerID,Lease,CommAmount,CommPercent,Satellite,Internet,Inactive) VALUES "
+                 "('Coach 7','Bus',0,0,0,0,0,0,0)");
+    desk.Execute("UPDATE BusImages SET BusID = 2 WHERE ID = 2");
+    screen.cmbBus.Pick(0);
+    CHECK(screen.lstImages.Entries() == std::vector<std::string>{"bunks"});
+    CHECK(screen.imgPic.IsEmpty());
+    CHECK(screen.txtImageID.IsEmpty());
+    screen.lstImages.Pick(0);
     screen.btnNew.Click.Fire();
     CHECK(screen.lstImages.ListCount() == 0);
     CHECK(screen.imgPic.IsEmpty());

@@ -163,6 +163,34 @@ TEST_CASE("A vehicle without an owner shows NA, and a save stores what the hidde
     CHECK(desk.Rows("SELECT OwnerID FROM Bus WHERE ID = 2") == "1");
 }
 
+TEST_CASE("An owner who is in no list leaves nothing behind when the form is cleared")
+{
+    const TestOffice office;
+    Desk desk(office);
+    desk.Execute("UPDATE Bus SET OwnerID = 77");
+    frmBusEntry& screen = desk.Screen();
+    screen.cmbBus.Pick(0);
+    CHECK(screen.cmbOwner.ListIndex() == -1);
+    CHECK(screen.cmbOwner.IsEmpty());
+    screen.btnNew.Click.Fire();
+    CHECK(screen.cmbOwner.id.IsEmpty());
+}
+
+TEST_CASE("A vehicle without a type or a state shows none of the vehicle before it")
+{
+    const TestOffice office;
+    Desk desk(office);
+    desk.Execute("UPDATE Bus SET State = 'TN'");
+    desk.Execute("INSERT INTO Bus (Name,Type,State,OwnerID,Lease,CommAmount,CommPercent,Satellite,Internet,Inactive) "
+                 "VALUES ('Stray',NULL,'',1,0,0,0,0,0,0)");
+    frmBusEntry& screen = desk.Screen();
+    screen.OpenRecord("1");
+    CHECK(screen.cmbState.Text() == "TN");
+    screen.OpenRecord("2");
+    CHECK(screen.cmbState.ListIndex() == -1);
+    CHECK(screen.cmbType.IsEmpty());
+}
+
 TEST_CASE("A vehicle without a name, a type or an owner is not saved")
 {
     const TestOffice office;

@@ -254,8 +254,9 @@ TEST_CASE("The older customer form keeps its own columns alone")
     CHECK(screen.txtName.Text() == "O'Hara");
     CHECK(screen.txtCity.Text() == "Memphis");
     screen.txtCity = "Nashville";
+    screen.cmbState.PressKey("o");
     screen.btnSave.Click.Fire();
-    CHECK(desk.Rows("SELECT City,LegalName FROM Customer") == "Nashville|O Hara LLC");
+    CHECK(desk.Rows("SELECT City,State,LegalName FROM Customer") == "Nashville|OH|O Hara LLC");
 }
 
 TEST_CASE("The older customer form refuses a save without the right or without a name")

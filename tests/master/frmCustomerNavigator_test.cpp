@@ -100,6 +100,18 @@ TEST_CASE("A row shows its keys, its contact and the address in one line")
     CHECK(desk.host.hourglass == 0);
 }
 
+TEST_CASE("A tab within a text stays in its own cell")
+{
+    const TestOffice office;
+    Desk desk(office);
+    desk.Execute("UPDATE Tour SET TourName = 'Fall\tRun' WHERE ID = 1");
+    frmCustomerNavigator& screen = desk.Screen();
+    screen.btnFind.Click.Fire();
+    CHECK(screen.vsfgContacts.TextMatrix(3, 4) == "Fall\tRun");
+    CHECK(screen.vsfgContacts.TextMatrix(3, 5) == "Venue");
+    CHECK(screen.vsfgContacts.TextMatrix(5, 5) == "Customer");
+}
+
 TEST_CASE("Each search field asks for its own columns in both lists")
 {
     const TestOffice office;

@@ -5,6 +5,7 @@
 #include "tools/demo/Billing.h"
 #include "tools/demo/Company.h"
 #include "tools/demo/Papers.h"
+#include "tools/demo/RowWriter.h"
 #include "tools/demo/Shop.h"
 #include "tools/demo/TourRows.h"
 #include "values/Errors.h"
@@ -17,28 +18,6 @@ namespace rovanta {
 namespace {
 
 using namespace demo;
-
-void SetFields(Recordset& record, const Row& row)
-{
-    for (const auto& [column, value] : row)
-        record.Fields(column) = value;
-}
-
-void AddRows(Connection& connection, const TableRows& table)
-{
-    Recordset record(Statement{"SELECT TOP 1 * FROM "} + Name(table.table), connection);
-    for (const Row& row : table.rows) {
-        record.AddNew();
-        SetFields(record, row);
-        record.Update();
-    }
-}
-
-void AddTables(Connection& connection, const std::vector<TableRows>& tables)
-{
-    for (const TableRows& table : tables)
-        AddRows(connection, table);
-}
 
 void SetCompany(Connection& connection)
 {

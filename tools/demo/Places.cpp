@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <map>
 #include <numbers>
 #include <vector>
 
@@ -77,17 +78,29 @@ int RoadMiles(const Place& from, const Place& to)
     return static_cast<int>(std::lround(GreatCircleMiles(from, to) * 1.17));
 }
 
-const Place& NextStop(const Place& from, Dice& dice)
+/// All other places, the nearest first.
+static std::vector<const Place*> NearestFirst(const Place& from)
 {
-    const auto places = AllPlaces();
     std::vector<const Place*> others;
-    for (const Place& place : places)
+    for (const Place& place : AllPlaces())
         if (&place != &from)
             others.push_back(&place);
     std::stable_sort(others.begin(), others.end(),
                      [&](const Place* a, const Place* b) { return RoadMiles(from, *a) < RoadMiles(from, *b); });
+    return others;
+}
+
+const Place& NextStop(const Place& from, Dice& dice)
+{
+    // Routes ask for it thousands of times, and the places never move.
+    static const auto nearest = [] {
+        std::map<const Place*, std::vector<const Place*>> lists;
+        for (const Place& place : AllPlaces())
+            lists[&place] = NearestFirst(place);
+        return lists;
+    }();
     const int reach = dice.Chance(90) ? 9 : 24;
-    return *others[static_cast<std::size_t>(dice.Between(0, reach))];
+    return *nearest.at(&from)[static_cast<std::size_t>(dice.Between(0, reach))];
 }
 
 }

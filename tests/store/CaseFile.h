@@ -1,0 +1,49 @@
+#pragma once
+
+#include "store/Connection.h"
+
+#include <string>
+#include <vector>
+
+namespace rovanta {
+
+/// What one line of a case asks for.
+enum class StepKind { Run, Ask, Fail };
+
+/// A statement with what must come of it.
+struct CaseStep {
+    StepKind kind;
+    std::string statement;
+    /// Ask: the names of the columns and the rows. Fail: the text of the error.
+    std::vector<std::string> expected;
+    int line = 0;
+};
+
+/// Statements that belong together. Each case starts from the data of the whole file.
+struct StatementCase {
+    std::string title;
+    std::vector<CaseStep> steps;
+};
+
+/// A file of statements with what must come of them, the same for every engine:
+///
+///     case: A number is a true bit unless it is 0
+///     run: INSERT INTO Flags (Value) VALUES (-1)
+///     ask: SELECT Value FROM Flags
+///     columns: Value
+///     | true
+///
+/// "data:" lines before the first case make what all of them start from. A line that begins with blanks goes on with
+/// the one before. A "fail:" ends its case and is followed by "says:" with the error's text. Lines with # are comments.
+struct CaseFile {
+    std::vector<std::string> data;
+    std::vector<StatementCase> cases;
+};
+
+CaseFile ReadCaseFile(const std::string& path);
+
+/// Runs every case on the connected database, which is left as it was, and returns what went otherwise than told, one
+/// text a difference.
+std::vector<std::string> RunCases(const CaseFile& file, Connection& connection);
+
+}

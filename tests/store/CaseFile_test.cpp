@@ -1,0 +1,129 @@
+#include "tests/store/CaseFile.h"
+
+#include <doctest/doctest.h>
+
+#include "store/DatabaseError.h"
+#include "store/Recordset.h"
+#include "tests/store/TestOffice.h"
+#include "values/Text.h"
+
+#include <fstream>
+#include <stdexcept>
+
+namespace rovanta {
+
+namespace {
+
+/// The lines of the file, each with the lines that go on with it.
+std::vector<std::pair<int, std::string>> JoinedLines(const std::string& path)
+{
+    std::ifstream input(path);
+    if (!input)
+        throw std::runtime_error("no file " + path);
+    std::vector<std::pair<int, std::string>> lines;
+    int number = 0;
+    for (std::string line; std::getline(input, line);) {
+        ++number;
+        if (Trim(line).empty() || line.front() == '#')
+            continue;
+        if (line.front() == ' ')
+            lines.back().second += " " + Trim(line);
+        else
+            lines.emplace_back(number, line);
+    }
+    return lines;
+}
+
+std::string Difference(const StatementCase& one, const CaseStep& step, const std::string& what)
+{
+    return "line " + std::to_string(step.line) + " (" + one.title + "): " + what + "\n    " + step.statement;
+}
+
+std::string Listed(const std::vector<std::string>& rows)
+{
+    std::string text;
+    for (const std::string& row : rows)
+        text += "\n    | " + row;
+    return text;
+}
+
+/// What went otherwise than told; empty when all went well.
+std::string RunStep(const StatementCase& one, const CaseStep& step, Connection& connection)
+{
+    const Statement statement = Statement::Verbatim(step.statement);
+    try {
+        if (step.kind != StepKind::Ask) {
+            connection.Execute(statement);
+        } else {
+            Recordset records(statement, connection);
+            std::vector<std::string> found{Join(records.ColumnNames(), " | ")};
+            for (const std::string& row : RowsOf(records))
+                found.push_back(row);
+            if (found != step.expected)
+                return Difference(one, step, "gave" + Listed(found));
+        }
+    } catch (const RunTimeError& error) {
+        if (step.kind == StepKind::Fail && step.expected.front() == error.what())
+            return {};
+        return Difference(one, step, std::string("failed with ") + error.what());
+    }
+    return step.kind == StepKind::Fail ? Difference(one, step, "did not fail") : std::string{};
+}
+
+}
+
+CaseFile ReadCaseFile(const std::string& path)
+{
+    CaseFile file;
+    for (const auto& [number, line] : JoinedLines(path)) {
+        const auto colon = line.find(':');
+        const std::string word = line.front() == '|' ? "|" : line.substr(0, colon);
+        const std::string rest = Trim(line.substr(line.front() == '|' ? 1 : colon + 1));
+        if (word == "data") {
+            file.data.push_back(rest);
+        } else if (word == "case") {
+            file.cases.push_back({rest, {}});
+        } else if (word == "run" || word == "ask" || word == "fail") {
+            const StepKind kind = word == "run" ? StepKind::Run : word == "ask" ? StepKind::Ask : StepKind::Fail;
+            file.cases.back().steps.push_back({kind, rest, {}, number});
+        } else if (word == "columns" || word == "says" || word == "|") {
+            file.cases.back().steps.back().expected.push_back(rest);
+        } else {
+            throw std::runtime_error(path + ":" + std::to_string(number) + ": unknown word " + word);
+        }
+    }
+    return file;
+}
+
+std::vector<std::string> RunCases(const CaseFile& file, Connection& connection)
+{
+    for (const std::string& statement : file.data)
+        connection.Execute(Statement::Verbatim(statement));
+    std::vector<std::string> differences;
+    for (const StatementCase& one : file.cases) {
+        connection.Execute("BEGIN TRANSACTION");
+        for (const CaseStep& step : one.steps)
+            if (const std::string difference = RunStep(one, step, connection); !difference.empty())
+                differences.push_back(difference);
+        connection.Execute("ROLLBACK TRANSACTION");
+    }
+    return differences;
+}
+
+}
+
+using namespace rovanta;
+
+static void CheckFile(const std::string& name, std::size_t fewestCases)
+{
+    TestOffice office;
+    const CaseFile file = ReadCaseFile(std::string(SOURCE_FOLDER) + "/tests/store/" + name);
+    CHECK(file.cases.size() >= fewestCases);
+    for (const std::string& difference : RunCases(file, office.connection))
+        FAIL_CHECK(difference);
+}
+
+TEST_CASE("The rules of the dialect hold on the embedded engine")
+{
+    CheckFile("dialect.txt", 60);
+}
