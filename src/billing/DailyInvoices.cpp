@@ -217,6 +217,8 @@ std::vector<PlannedInvoice> PlanDailyInvoices(const DailyBilling& billing, const
         const DateTime end = DateAdd("d", billing.daysPerBill - 1, start);
         PlannedInvoice invoice;
         invoice.due = due;
+        invoice.periodStart = start;
+        invoice.periodEnd = end;
         invoice.lines = LinesOfPeriod({number, count, start, end}, items, rules, billing.otherCharges);
         invoice.totals = TotalsOf(invoice.lines, rules.taxRate);
         if (!invoice.lines.empty())

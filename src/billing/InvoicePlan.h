@@ -63,6 +63,8 @@ struct InvoiceTotals {
 /// One invoice that a pass makes.
 struct PlannedInvoice {
     DateTime due; ///< invoice date and due date
+    DateTime periodStart;
+    DateTime periodEnd;
     InvoiceTotals totals;
     std::vector<InvoiceLine> lines;
 };

@@ -87,6 +87,8 @@ std::vector<PlannedInvoice> PlanMonthlyInvoices(const MonthlyBilling& billing, c
         const DateTime to = number == count ? billing.lastDay : LastOfMonth(from);
         PlannedInvoice invoice;
         invoice.due = due;
+        invoice.periodStart = from;
+        invoice.periodEnd = to;
         for (const BilledItem& item : items) {
             if (item.rateType == "Per Month")
                 AddItemLines(invoice.lines, item, from, to, rules);

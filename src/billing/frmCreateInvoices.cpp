@@ -1,11 +1,13 @@
 #include "billing/frmCreateInvoices.h"
 
 #include "billing/DailyInvoices.h"
+#include "billing/InvoicePreview.h"
 #include "billing/InvoiceWriter.h"
 #include "billing/MonthlyInvoices.h"
 #include "frame/App.h"
 #include "frame/SharedRoutines.h"
 #include "tours/frmRentalEntry.h"
+#include "values/Format.h"
 #include "values/Numbers.h"
 
 #include <algorithm>
@@ -27,9 +29,14 @@ frmCreateInvoices::frmCreateInvoices(App& app) : Screen(app, screenName, "Create
     SetCancelButton(btnCancel);
     btnCalculate.Click = [this] { btnCalculate_Click(); };
     btnCalculate2.Click = [this] { btnCalculate2_Click(); };
+    btnPreview.SetEnabled(false);
+    btnPreview2.SetEnabled(false);
+    btnPreview.Click = [this] { Preview("Daily", &frmCreateInvoices::PlanDaily); };
+    btnPreview2.Click = [this] { Preview("Monthly", &frmCreateInvoices::PlanMonthly); };
     btnCancel.Click = [this] { Leave(); };
     btnCancel2.Click = [this] { Leave(); };
     Unload = [this] { Leave(); };
+    ClearPreview();
 }
 
 void frmCreateInvoices::BillableSpan::Include(DateTime start, DateTime end)
@@ -74,6 +81,7 @@ void frmCreateInvoices::PrepareInvoiceDialog(const std::string& tourID)
     txtTourID2 = tourID;
     if (tourID == "0")
         return;
+    ClearPreview();
     const TourToBill tour = ReadTour(tourID);
     ShowPageOne(tour);
     ShowPageTwo(tour);
@@ -99,6 +107,7 @@ void frmCreateInvoices::ShowPageOne(const TourToBill& tour)
         dtFirstDueDate = DateAdd("d", -txtDays.Val(), *tour.daily.first);
     }
     btnCalculate.SetEnabled(!txtFirstDay.IsEmpty() && !txtLastDay.IsEmpty());
+    btnPreview.SetEnabled(btnCalculate.Enabled());
 }
 
 void frmCreateInvoices::ShowPageTwo(const TourToBill& tour)
@@ -112,6 +121,7 @@ void frmCreateInvoices::ShowPageTwo(const TourToBill& tour)
     if (tour.monthly.first)
         dtFirstDueDate2 = *tour.monthly.first;
     btnCalculate2.SetEnabled(!txtFirstDay2.IsEmpty() && !txtLastDay2.IsEmpty());
+    btnPreview2.SetEnabled(btnCalculate2.Enabled());
 }
 
 void frmCreateInvoices::Recalculate()
@@ -163,37 +173,44 @@ std::vector<BilledItem> frmCreateInvoices::ReadItems()
     return items;
 }
 
-void frmCreateInvoices::btnCalculate_Click()
+std::vector<PlannedInvoice> frmCreateInvoices::PlanDaily()
 {
-    if (!MayReplaceInvoices(chkInvoicesExist))
-        return;
-    Hourglass wait(app);
     DailyBilling billing;
     billing.firstBillDate = dtFirstBillDate.Value();
     billing.firstDueDate = dtFirstDueDate.Value();
     billing.lastDay = ToDate(txtLastDay.Text());
     billing.daysPerBill = txtDays.Val();
     billing.otherCharges = optSplit.Value() ? OtherCharges::SplitEqually : OtherCharges::OnFinalBill;
-    RunPass("Daily", txtCustomerID, [&](const auto& items) { return PlanDailyInvoices(billing, items, Rules()); });
+    return PlanDailyInvoices(billing, ReadItems(), Rules());
 }
 
-void frmCreateInvoices::btnCalculate2_Click()
+std::vector<PlannedInvoice> frmCreateInvoices::PlanMonthly()
 {
-    if (!MayReplaceInvoices(chkInvoicesExist2))
-        return;
-    Hourglass wait(app);
     MonthlyBilling billing;
     billing.firstDay = ToDate(txtFirstDay2.Text());
     billing.lastDay = ToDate(txtLastDay2.Text());
     billing.firstDueDate = dtFirstDueDate2.Value();
-    RunPass("Monthly", txtCustomerID2, [&](const auto& items) { return PlanMonthlyInvoices(billing, items, Rules()); });
+    return PlanMonthlyInvoices(billing, ReadItems(), Rules());
 }
 
-void frmCreateInvoices::RunPass(const std::string& type, const TextBox& customerID, const Planner& plan)
+void frmCreateInvoices::btnCalculate_Click()
 {
+    if (MayReplaceInvoices(chkInvoicesExist))
+        RunPass("Daily", txtCustomerID, &frmCreateInvoices::PlanDaily);
+}
+
+void frmCreateInvoices::btnCalculate2_Click()
+{
+    if (MayReplaceInvoices(chkInvoicesExist2))
+        RunPass("Monthly", txtCustomerID2, &frmCreateInvoices::PlanMonthly);
+}
+
+void frmCreateInvoices::RunPass(const std::string& type, const TextBox& customerID, Planner plan)
+{
+    Hourglass wait(app);
     InvoiceWriter writer(app, {txtTourID.Text(), customerID.Text(), type});
     writer.SetUpPool();
-    for (const PlannedInvoice& invoice : plan(ReadItems())) {
+    for (const PlannedInvoice& invoice : (this->*plan)()) {
         ShowInWorkGrid(invoice.lines);
         writer.Write(invoice);
     }
@@ -203,6 +220,40 @@ void frmCreateInvoices::RunPass(const std::string& type, const TextBox& customer
         tour->LoadTourPayments();
     }
     Leave();
+}
+
+/// Lists what the page's pass would do, from the same plan, and writes nothing.
+void frmCreateInvoices::Preview(const std::string& type, Planner plan)
+{
+    Hourglass wait(app);
+    std::vector<FormerInvoice> former;
+    Recordset invoice(Statement{"SELECT ID,DueDate,InvoiceTotal FROM Invoice WHERE TourID = "} + Key(txtTourID.Text()) +
+                          " AND Type = '" + Text(type) + "' ORDER BY ID",
+                      Database());
+    for (; !invoice.Eof(); invoice.MoveNext())
+        former.push_back({invoice.Fields("ID").Text(), invoice.Fields("DueDate").Date(),
+                          invoice.Fields("InvoiceTotal").NumberOrZero()});
+    ClearPreview();
+    const auto money = [](const std::optional<double>& total) { return total ? ToText(*total) : std::string{}; };
+    for (const PreviewRow& row : PreviewPass((this->*plan)(), former)) {
+        const std::string period =
+            row.periodStart ? ToText(*row.periodStart) + " - " + ToText(*row.periodEnd) : std::string{};
+        vsfgPreview.AddCells({NameOf(row.effect), row.number.empty() ? "New" : row.number, period, ToText(row.due),
+                              money(row.oldTotal), money(row.newTotal)});
+    }
+}
+
+void frmCreateInvoices::ClearPreview()
+{
+    vsfgPreview.SetRows(0);
+    vsfgPreview.SetCols(6);
+    vsfgPreview.AddItem("Action\tInvoice\tPeriod\tDue Date\tOld Total\tNew Total");
+    vsfgPreview.SetFixedRows(1);
+    vsfgPreview.SetColFormat(3, datePicture);
+    for (const int col : {4, 5}) {
+        vsfgPreview.SetColFormat(col, moneyCellPicture);
+        vsfgPreview.SetColAlignment(col, CellAlignment::Right);
+    }
 }
 
 /// The hidden grid holds the lines of the period in hand.
