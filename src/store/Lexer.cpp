@@ -145,8 +145,7 @@ private:
         while (true) {
             const auto quote = text.find('\'', end);
             if (quote == std::string_view::npos)
-                throw DatabaseError("Unclosed quotation mark after the character string '" +
-                                    std::string(text.substr(at + 1)) + "'.");
+                return Add(TokenKind::Broken, text.substr(at + 1), text.size() - at);
             value.append(text.substr(end, quote - end));
             end = quote + 1;
             if (end == text.size() || text[end] != '\'')
@@ -161,8 +160,7 @@ private:
     {
         const auto end = text.find(']', at);
         if (end == std::string_view::npos)
-            throw DatabaseError("Unclosed quotation mark after the character string '" +
-                                std::string(text.substr(at + 1)) + "'.");
+            return Add(TokenKind::Broken, text.substr(at + 1), text.size() - at);
         if (end == at + 1)
             throw SyntaxErrorNear("[]");
         Add(TokenKind::Bracketed, text.substr(at + 1, end - at - 1), end + 1 - at);

@@ -15,7 +15,8 @@ struct Literal {
     std::string text;
 };
 
-enum class TokenKind : std::uint8_t { Word, Bracketed, Literal, Symbol, End };
+/// Broken is a text or [name] without an end, behind which nothing can be read.
+enum class TokenKind : std::uint8_t { Word, Bracketed, Literal, Symbol, Broken, End };
 
 /// One piece of a statement: a name or keyword, a [name], a literal, or a symbol such as "<=".
 struct Token {
@@ -34,8 +35,8 @@ struct TokenList {
     std::string shape;
 };
 
-/// Cuts a statement into tokens, the last of kind End. Comments of both kinds are blanks. Throws DatabaseError with the
-/// piece that belongs to no statement.
+/// Cuts a statement into tokens, the last of kind End or Broken. Comments of both kinds are blanks. Throws DatabaseError
+/// with the piece that belongs to no statement.
 TokenList ReadTokens(std::string_view text);
 
 /// The statements of a script, parted by semicolons, without comments and empty ones.

@@ -122,6 +122,8 @@ int ParserState::TakeFixedNumber()
 
 void ParserState::FailAt(const Token& token) const
 {
+    if (token.kind == TokenKind::Broken)
+        throw DatabaseError("Unclosed quotation mark after the character string '" + std::string(token.text) + "'.");
     // At the statement's end the database names what stands last.
     const bool atEnd = token.kind == TokenKind::End && list.tokens.size() > 1;
     const Token& named = atEnd ? list.tokens[list.tokens.size() - 2] : token;

@@ -17,6 +17,8 @@ struct CaseStep {
     /// Ask: the names of the columns and the rows. Fail: the text of the error.
     std::vector<std::string> expected;
     int line = 0;
+    /// Ask: whether the names are those of chosen columns, each the first of its name, and not of all in their order.
+    bool chosenColumns = false;
 };
 
 /// Statements that belong together. Each case starts from the data of the whole file.
@@ -33,8 +35,9 @@ struct StatementCase {
 ///     columns: Value
 ///     | true
 ///
-/// "data:" lines before the first case make what all of them start from. A line that begins with blanks goes on with
-/// the one before. A "fail:" ends its case and is followed by "says:" with the error's text. Lines with # are comments.
+/// "only:" in place of "columns:" compares the columns that it lists and no others. "data:" lines before the first case
+/// make what all of them start from. A line that begins with blanks goes on with the one before. A "fail:" ends its
+/// case and is followed by "says:" with the error's text. Lines with # are comments.
 struct CaseFile {
     std::vector<std::string> data;
     std::vector<StatementCase> cases;
