@@ -9,7 +9,8 @@ using namespace rovanta;
 static const ManualAccount& AccountNamed(std::string_view name)
 {
     const auto accounts = ManualAccounts();
-    const auto found = std::find_if(accounts.begin(), accounts.end(), [&](const auto& each) { return each.name == name; });
+    const auto found =
+        std::find_if(accounts.begin(), accounts.end(), [&](const auto& each) { return each.name == name; });
     REQUIRE(found != accounts.end());
     return *found;
 }
@@ -20,13 +21,27 @@ TEST_CASE("Each account reads its own flag of the company, and two of them each 
         const char* account;
         int flag;
     };
-    const Case cases[] = {{"Truck", 0},           {"Sub-Lease Truck", 0},  {"Trailer", 0},
-                          {"Driver", 1},          {"Additional Driver", 1}, {"DOT Fee", 2},
-                          {"Satellite", 3},       {"Internet", 4},         {"Hotel Buyout", 5},
-                          {"Interior Clean", 6},  {"Bus Wash", 7},         {"Linen", 8},
-                          {"Generator Service", 9}, {"Fuel", 10},          {"Engine Service", 11},
-                          {"Overdrives", 12},     {"End of Tour Cleaning", 13}, {"Permits/Tolls/Parking", 14},
-                          {"Flights", 15},        {"Wraps", 16},           {"Admin Fee", 17},
+    const Case cases[] = {{"Truck", 0},
+                          {"Sub-Lease Truck", 0},
+                          {"Trailer", 0},
+                          {"Driver", 1},
+                          {"Additional Driver", 1},
+                          {"DOT Fee", 2},
+                          {"Satellite", 3},
+                          {"Internet", 4},
+                          {"Hotel Buyout", 5},
+                          {"Interior Clean", 6},
+                          {"Bus Wash", 7},
+                          {"Linen", 8},
+                          {"Generator Service", 9},
+                          {"Fuel", 10},
+                          {"Engine Service", 11},
+                          {"Overdrives", 12},
+                          {"End of Tour Cleaning", 13},
+                          {"Permits/Tolls/Parking", 14},
+                          {"Flights", 15},
+                          {"Wraps", 16},
+                          {"Admin Fee", 17},
                           {"Brightway Lines", 0}};
     for (const Case& each : cases) {
         CAPTURE(each.account);
