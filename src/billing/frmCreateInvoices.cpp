@@ -11,6 +11,7 @@
 #include "values/Numbers.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace rovanta {
 
@@ -145,30 +146,65 @@ TaxRules frmCreateInvoices::Rules() const
     return {app.company.CompanyTaxRate, app.company.DefaultTaxable};
 }
 
-/// The tour's lines as they stand in the working grid of the open Tour screen, not in the table.
+/// Which charge of the tour's grid is which billed charge, and where its words stand; -1 for a charge without any.
+struct ChargeOfGrid {
+    BilledCharge billed;
+    Line line;
+    int descriptionCol;
+};
+
+static constexpr ChargeOfGrid chargesOfGrid[] = {
+    {BilledCharge::Bus, Line::Bus, -1},
+    {BilledCharge::Driver, Line::Driver, -1},
+    {BilledCharge::AddDriver, Line::AddDriver, -1},
+    {BilledCharge::DOT, Line::DOT, -1},
+    {BilledCharge::Satellite, Line::Satellite, -1},
+    {BilledCharge::Internet, Line::Internet, -1},
+    {BilledCharge::HotelBuyOut, Line::HotelBuyOut, -1},
+    {BilledCharge::Fuel, Line::Fuel, -1},
+    {BilledCharge::Engine, Line::Engine, -1},
+    {BilledCharge::Carpet, Line::Carpet, ItemCol::Misc2Desc},
+    {BilledCharge::Permit, Line::Permit, -1},
+    {BilledCharge::Misc, Line::Misc, ItemCol::MiscDesc},
+    {BilledCharge::PayrollFee, Line::PayrollFee, ItemCol::Misc3Desc},
+    {BilledCharge::Admin, Line::Admin, ItemCol::Misc4Desc},
+};
+static_assert(std::size(chargesOfGrid) == billedChargeCount);
+
+static BilledItem ReadItem(const Grid& grid, int row)
+{
+    const auto text = [&](int col) -> const std::string& { return grid.TextMatrix(row, col); };
+    BilledItem item;
+    item.busName = text(ItemCol::BusName);
+    item.busID = text(ItemCol::BusID);
+    item.driverName = text(ItemCol::DriverName);
+    item.addDriverName = text(ItemCol::AddDriverName);
+    item.start = ToDate(text(ItemCol::StartDate));
+    item.end = ToDate(text(ItemCol::EndDate));
+    item.travelIn = Val(text(ItemCol::TravelDaysIn));
+    item.billedDays = Val(text(ItemCol::BilledDays));
+    item.rateType = text(ItemCol::BusRateType);
+    for (const ChargeOfGrid& charge : chargesOfGrid) {
+        const LineColumns& columns = ItemLines()[static_cast<std::size_t>(charge.line)];
+        ChargeFigures& figures = item[charge.billed];
+        figures.rate = columns.rate >= 0 ? Val(text(columns.rate)) : 0;
+        figures.total = Val(text(columns.total));
+        figures.byContract = PaidByWord(text(columns.payer)) == PaidBy::Contract;
+        if (charge.descriptionCol >= 0)
+            figures.description = text(charge.descriptionCol);
+    }
+    return item;
+}
+
 std::vector<BilledItem> frmCreateInvoices::ReadItems()
 {
     std::vector<BilledItem> items;
     const auto* tour = app.Find<frmRentalEntry>();
     if (!tour)
         return items;
-    const Grid& grid = tour->vsfgItems;
-    for (int row = 1; row < grid.Rows(); ++row) {
-        BilledItem item;
-        item.cells.reserve(static_cast<std::size_t>(grid.Cols()));
-        for (int col = 0; col < grid.Cols(); ++col)
-            item.cells.push_back(grid.TextMatrix(row, col));
-        item.busName = item.TextAt(ItemCol::BusName);
-        item.busID = item.TextAt(ItemCol::BusID);
-        item.busType = GetBusType(app, item.busID);
-        item.driverName = item.TextAt(ItemCol::DriverName);
-        item.addDriverName = item.TextAt(ItemCol::AddDriverName);
-        item.start = ToDate(item.TextAt(ItemCol::StartDate));
-        item.end = ToDate(item.TextAt(ItemCol::EndDate));
-        item.travelIn = item.NumberAt(ItemCol::TravelDaysIn);
-        item.billedDays = item.NumberAt(ItemCol::BilledDays);
-        item.rateType = item.TextAt(ItemCol::BusRateType);
-        items.push_back(std::move(item));
+    for (int row = 1; row < tour->vsfgItems.Rows(); ++row) {
+        items.push_back(ReadItem(tour->vsfgItems, row));
+        items.back().busType = GetBusType(app, items.back().busID);
     }
     return items;
 }

@@ -56,6 +56,8 @@ public:
     void OpenRecord(const std::string& key) override { PrepareInvoiceDialog(key); }
     /// Runs each page's pass that can run, as after a save that changed the tour's vehicles.
     void Recalculate();
+    /// The tour's lines as they stand in the working grid of the open Tour screen, not in the table.
+    std::vector<BilledItem> ReadItems();
 
 private:
     /// The days that the tour's lines of one kind cover, travel included.
@@ -80,7 +82,6 @@ private:
     void btnCalculate2_Click();
     bool MayReplaceInvoices(const CheckBox& invoicesExist);
     TaxRules Rules() const;
-    std::vector<BilledItem> ReadItems();
     std::vector<PlannedInvoice> PlanDaily();
     std::vector<PlannedInvoice> PlanMonthly();
     using Planner = std::vector<PlannedInvoice> (frmCreateInvoices::*)();
