@@ -127,7 +127,8 @@ void StoryPlayer::GoToDesk(Reader& reader)
 
 void StoryPlayer::Start(Reader&)
 {
-    if (Program())
+    const StoryDesk& at = Current();
+    if (at.desk && !at.desk->Ended())
         throw StoryDifference("a program that has ended or was never started", "one that runs");
     StartDesk();
 }

@@ -56,6 +56,8 @@ void StoryPlayer::Finish()
 App* StoryPlayer::Program()
 {
     const StoryDesk& at = Current();
+    if (office && !at.desk)
+        StartDesk();
     return at.desk && !at.desk->Ended() ? &at.desk->Program() : nullptr;
 }
 

@@ -38,7 +38,7 @@ public:
     /// What must hold behind the last step: nothing is left over that no line has asked for.
     void Finish();
 
-    /// The program of the desk in use; nullptr before its start and after its end.
+    /// The program of the desk in use, started when it has not been yet; nullptr without an office and after its end.
     App* Program();
     const std::string& Form() { return Current().form; }
 

@@ -16,6 +16,11 @@ if(ROVANTA_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+if(ROVANTA_FUZZ)
+  # The fuzzer learns from the branches that an input takes.
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 # rovanta_include_root(<folder>): a folder that holds nothing but a link to src/<folder>, to be used as an include path.
 # So "forms/Grid.h" is found by those alone who link forms.
 function(rovanta_include_root folder)

@@ -124,8 +124,7 @@ TEST_CASE("Of two columns with one name each gives its own value")
 {
     SampleDesk at;
     at.Call("db.execute", {{"sql", "INSERT INTO Customer (Name,City) VALUES ('Oak','Nashville')"}});
-    const Json result =
-        at.Call("db.query", {{"sql", "SELECT Name AS X,City AS X FROM Customer WHERE Name = 'Oak'"}});
+    const Json result = at.Call("db.query", {{"sql", "SELECT Name AS X,City AS X FROM Customer WHERE Name = 'Oak'"}});
     CHECK(result["rows"] == Json::parse(R"([["Oak","Nashville"]])"));
 }
 

@@ -196,7 +196,8 @@ TEST_CASE("Serving answers line by line until the end of input and tells how the
     };
     const std::string open = R"({"jsonrpc":"2.0","id":1,"method":"app.open","params":{"form":"frmSample"}})";
     const auto click = [](const std::string& button) {
-        return "\n" R"({"jsonrpc":"2.0","id":2,"method":"control.click","params":{"form":"frmSample","control":")" +
+        return "\n"
+               R"({"jsonrpc":"2.0","id":2,"method":"control.click","params":{"form":"frmSample","control":")" +
                button + "\"}}";
     };
     std::string answers;

@@ -9,6 +9,7 @@
 #include "frame/frmLogin.h"
 #include "support/TestApp.h"
 #include "values/Format.h"
+#include "values/Text.h"
 
 #include <nlohmann/json.hpp>
 

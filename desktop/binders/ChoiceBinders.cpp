@@ -1,0 +1,142 @@
+#include "desktop/binders/ChoiceBinders.h"
+
+#include "desktop/FormWindow.h"
+#include "desktop/Look.h"
+
+namespace rovanta {
+
+ButtonBinder::ButtonBinder(FormWindow& window, Button& button)
+    : Binder(window, button), button(button), push(new QPushButton)
+{
+    SetWidget(push);
+    push->setAutoDefault(true);
+    push->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(push, &QPushButton::clicked, this, [this] { this->window.Press(&this->button); });
+}
+
+void ButtonBinder::Refresh()
+{
+    push->setDefault(window.Shown().DefaultButton() == &button);
+    push->setText(CaptionWithKey());
+}
+
+CheckBinder::CheckBinder(FormWindow& window, CheckBox& box, const Node& node)
+    : Binder(window, box), box(box), check(new QCheckBox), bare(node.bare)
+{
+    SetWidget(check);
+    check->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(check, &QCheckBox::clicked, this, [this](bool on) {
+        Act([&] {
+            this->box.SetFocus();
+            if (!this->box.ReadOnly())
+                this->box = on;
+        });
+    });
+}
+
+void CheckBinder::Refresh()
+{
+    check->setChecked(box.IsChecked());
+    if (!bare)
+        check->setText(CaptionWithKey());
+}
+
+/// The neighbours among which one is on, so that arrow keys walk through them.
+static QButtonGroup& GroupOf(FormWindow& window, const OptionGroup& group)
+{
+    const QString name = "group" + QString::number(reinterpret_cast<quintptr>(&group));
+    auto* found = window.findChild<QButtonGroup*>(name, Qt::FindDirectChildrenOnly);
+    if (!found) {
+        found = new QButtonGroup(&window);
+        found->setObjectName(name);
+    }
+    return *found;
+}
+
+OptionBinder::OptionBinder(FormWindow& window, OptionButton& option, const Node& node)
+    : Binder(window, option), option(option), radio(new QRadioButton), bare(node.bare)
+{
+    SetWidget(radio);
+    radio->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    GroupOf(window, option.Group()).addButton(radio);
+    connect(radio, &QRadioButton::clicked, this, [this] {
+        Act([this] {
+            this->option.SetFocus();
+            if (!this->option.ReadOnly())
+                this->option = true;
+        });
+    });
+}
+
+void OptionBinder::Refresh()
+{
+    // The toolkit's group always keeps one on; the controls may all be off.
+    QButtonGroup* group = radio->group();
+    group->setExclusive(false);
+    radio->setChecked(option.Value());
+    group->setExclusive(true);
+    if (!bare)
+        radio->setText(CaptionWithKey());
+}
+
+/// Turns of the wheel scroll the form; they never change a date by accident.
+class CalmDateEdit : public QDateEdit {
+protected:
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
+
+DateBinder::DateBinder(FormWindow& window, DatePicker& picker, const Node& node)
+    : Binder(window, picker), picker(picker), edit(new CalmDateEdit)
+{
+    SetWidget(edit);
+    edit->setCalendarPopup(true);
+    edit->setDisplayFormat("M/d/yyyy");
+    edit->setDateRange(QDate(1753, 1, 1), QDate(9999, 12, 31));
+    edit->calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    edit->calendarWidget()->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
+    edit->setFixedWidth(BoxWidth(*edit, node.characters > 0 ? node.characters : 10) + 20);
+    edit->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(edit, &QDateEdit::userDateChanged, this, [this](QDate date) {
+        Act([&] {
+            const DateTime old = this->picker.Value();
+            this->picker = DateTime::Of(date.year(), date.month(), date.day(), old.Hour(), old.Minute(), old.Second());
+        });
+    });
+}
+
+void DateBinder::Refresh()
+{
+    edit->setReadOnly(picker.ReadOnly());
+    const DateTime value = picker.Value();
+    const QDate date(value.Year(), value.Month(), value.Day());
+    if (edit->date() == date)
+        return;
+    const QSignalBlocker quiet(edit);
+    edit->setDate(date);
+}
+
+TabsBinder::TabsBinder(FormWindow& window, Tabs& tabs) : Binder(window, tabs), tabs(tabs), pages(new QTabWidget)
+{
+    SetWidget(pages);
+    pages->tabBar()->setDrawBase(false);
+    pages->tabBar()->setExpanding(false);
+    connect(pages, &QTabWidget::currentChanged, this, [this](int page) {
+        if (!IsRefreshing() && page >= 0)
+            Act([&] { this->tabs.SetPage(page); });
+    });
+}
+
+void TabsBinder::AddPage(QWidget* page)
+{
+    const QSignalBlocker quiet(pages);
+    const auto index = static_cast<std::size_t>(pages->count());
+    const std::string caption = index < tabs.Captions().size() ? tabs.Captions()[index] : std::string{};
+    pages->addTab(page, WithKey(PlainCaption(caption), window.Keys().FindPage(tabs, index)));
+}
+
+void TabsBinder::Refresh()
+{
+    pages->setCurrentIndex(tabs.Page());
+}
+
+}

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "desktop/binders/Binder.h"
+#include "forms/ChoiceControls.h"
+
+class QCheckBox;
+class QDateEdit;
+class QPushButton;
+class QRadioButton;
+class QTabWidget;
+
+namespace rovanta {
+
+class ButtonBinder : public Binder {
+public:
+    ButtonBinder(FormWindow& window, Button& button);
+
+protected:
+    void Refresh() override;
+    bool EntersOnRelease() const override { return true; }
+
+private:
+    Button& button;
+    QPushButton* push;
+};
+
+class CheckBinder : public Binder {
+public:
+    CheckBinder(FormWindow& window, CheckBox& box, const Node& node);
+
+protected:
+    void Refresh() override;
+    bool EntersOnRelease() const override { return true; }
+
+private:
+    CheckBox& box;
+    QCheckBox* check;
+    bool bare;
+};
+
+class OptionBinder : public Binder {
+public:
+    OptionBinder(FormWindow& window, OptionButton& option, const Node& node);
+
+protected:
+    void Refresh() override;
+    bool EntersOnRelease() const override { return true; }
+
+private:
+    OptionButton& option;
+    QRadioButton* radio;
+    bool bare;
+};
+
+/// A date with a calendar that drops down. The time of day that a date bears stays with it.
+class DateBinder : public Binder {
+public:
+    DateBinder(FormWindow& window, DatePicker& picker, const Node& node);
+
+protected:
+    void Refresh() override;
+
+private:
+    DatePicker& picker;
+    QDateEdit* edit;
+};
+
+/// Tabs; the layout fills the pages.
+class TabsBinder : public Binder {
+public:
+    TabsBinder(FormWindow& window, Tabs& tabs);
+    QTabWidget& TabWidget() const { return *pages; }
+    void AddPage(QWidget* page);
+
+protected:
+    void Refresh() override;
+
+private:
+    Tabs& tabs;
+    QTabWidget* pages;
+};
+
+}

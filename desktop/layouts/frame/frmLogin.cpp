@@ -1,0 +1,16 @@
+#include "desktop/Layout.h"
+
+namespace rovanta {
+
+Node frmLoginLayout()
+{
+    return Column{
+        Fields{
+            Chars("txtUsername", 28),
+            Chars("txtPassword", 28),
+        },
+        Row{Stretch(), "btnLogin", "btnCancel"},
+    };
+}
+
+}
