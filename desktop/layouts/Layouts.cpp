@@ -12,6 +12,8 @@ Node frmCustomerEntryLayout();
 Node frmCustomerEntry2Layout();
 Node frmCustomerNavigatorLayout();
 Node frmLoginLayout();
+Node frmManualInvoicesLayout();
+Node frmReceivePaymentLayout();
 Node frmRentalEntryLayout();
 
 const LayoutTable& AllLayouts()
@@ -25,6 +27,8 @@ const LayoutTable& AllLayouts()
         {"frmCustomerEntry2", frmCustomerEntry2Layout},
         {"frmCustomerNavigator", frmCustomerNavigatorLayout},
         {"frmLogin", frmLoginLayout},
+        {"frmManualInvoices", frmManualInvoicesLayout},
+        {"frmReceivePayment", frmReceivePaymentLayout},
         {"frmRentalEntry", frmRentalEntryLayout},
     };
     return layouts;

@@ -1,6 +1,8 @@
 #include "app/Screens.h"
 
 #include "billing/frmCreateInvoices.h"
+#include "billing/frmManualInvoices.h"
+#include "billing/frmReceivePayment.h"
 #include "frame/App.h"
 #include "frame/MDI.h"
 #include "frame/frmAbout.h"
@@ -32,6 +34,8 @@ const ScreenTable& AllScreens()
         Entry<frmCustomerEntry2>(),
         Entry<frmCustomerNavigator>(),
         Entry<frmLogin>(),
+        Entry<frmManualInvoices>(),
+        Entry<frmReceivePayment>(),
         Entry<frmRentalEntry>(),
     };
     return screens;

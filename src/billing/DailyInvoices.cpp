@@ -1,6 +1,5 @@
 #include "billing/DailyInvoices.h"
 
-#include "tours/TourItemGrid.h"
 #include "values/Errors.h"
 #include "values/Numbers.h"
 
@@ -19,21 +18,18 @@ struct Period {
     DateTime end;
 };
 
-/// Where a charge stands in the working grid and what its line bears.
+enum class Words { Fixed, WithDescription };
+
+/// What the line of a shared charge bears.
 struct ShareLine {
-    Line charge;
+    BilledCharge charge;
     const char* text;
-    int descriptionCol; ///< -1 for a charge without a description of its own
+    Words words;
     const char* other;
     const char* acct;
     int orderField;
     Taxable::Index taxable;
 };
-
-const LineColumns& ColumnsOf(Line line)
-{
-    return ItemLines()[static_cast<std::size_t>(line)];
-}
 
 /// The lines of one period, gathered in the order in which they are written.
 class PeriodLines {
@@ -41,7 +37,8 @@ public:
     PeriodLines(const Period& period, const TaxRules& rules) : period(period), rules(rules) {}
 
     void AddBus(const BilledItem& item, DateTime first);
-    void AddDriver(const BilledItem& item, DateTime first, Line charge, const std::string& driver, int orderField);
+    void AddDriver(const BilledItem& item, DateTime first, BilledCharge charge, const std::string& driver,
+                   int orderField);
     void AddShare(const BilledItem& item, const ShareLine& share);
     void AddLump(const BilledItem& item, const ShareLine& lump, OtherCharges otherCharges);
 
@@ -82,15 +79,14 @@ std::int64_t WholeDays(double days)
 
 void PeriodLines::AddBus(const BilledItem& item, DateTime first)
 {
-    const LineColumns& columns = ColumnsOf(Line::Bus);
-    const double rate = item.NumberAt(columns.rate);
-    if (!item.IsContract(columns.payer) || rate == 0)
+    const ChargeFigures& bus = item[BilledCharge::Bus];
+    if (!bus.byContract || bus.rate == 0)
         return;
     // The span rests on the total and not on the days, so a total changed by hand shifts the day count.
-    const DateTime last = rovanta::AddDays(first, WholeDays(item.NumberAt(columns.total) / rate) - 1);
+    const DateTime last = rovanta::AddDays(first, WholeDays(bus.total / bus.rate) - 1);
     InvoiceLine line;
     line.description = item.busName + Span(first, last);
-    line.rate = rate;
+    line.rate = bus.rate;
     line.busID = item.busID;
     line.other = item.busName;
     line.busType = item.busType;
@@ -100,16 +96,15 @@ void PeriodLines::AddBus(const BilledItem& item, DateTime first)
     AddDays(std::move(line), first, last);
 }
 
-void PeriodLines::AddDriver(const BilledItem& item, DateTime first, Line charge, const std::string& driver,
+void PeriodLines::AddDriver(const BilledItem& item, DateTime first, BilledCharge charge, const std::string& driver,
                             int orderField)
 {
-    const LineColumns& columns = ColumnsOf(charge);
-    if (!item.IsContract(columns.payer))
+    if (!item[charge].byContract)
         return;
     const DateTime last = rovanta::AddDays(first, WholeDays(item.billedDays) - 1);
     InvoiceLine line;
     line.description = driver + Span(first, last);
-    line.rate = item.NumberAt(columns.rate);
+    line.rate = item[charge].rate;
     line.busID = item.busID;
     line.other = item.busName + " - " + driver;
     // Kept on purpose: the drivers' days are filed under the hotel's account word.
@@ -139,18 +134,18 @@ void PeriodLines::AddEach(const BilledItem& item, const ShareLine& share, const 
 
 std::string TextOf(const BilledItem& item, const ShareLine& share)
 {
-    if (share.descriptionCol < 0)
+    if (share.words == Words::Fixed)
         return share.text;
-    return std::string(share.text) + " - (" + item.TextAt(share.descriptionCol) + ") (" + item.busName + ")";
+    return std::string(share.text) + " - (" + item[share.charge].description + ") (" + item.busName + ")";
 }
 
 void PeriodLines::AddShare(const BilledItem& item, const ShareLine& share)
 {
-    const LineColumns& columns = ColumnsOf(share.charge);
-    if (!item.IsContract(columns.payer))
+    const ChargeFigures& charge = item[share.charge];
+    if (!charge.byContract)
         return;
     const std::string fraction = std::to_string(period.number) + "/" + std::to_string(period.count) + " of ";
-    AddEach(item, share, fraction + TextOf(item, share), item.NumberAt(columns.total) / period.count);
+    AddEach(item, share, fraction + TextOf(item, share), charge.total / period.count);
 }
 
 void PeriodLines::AddLump(const BilledItem& item, const ShareLine& lump, OtherCharges otherCharges)
@@ -159,23 +154,25 @@ void PeriodLines::AddLump(const BilledItem& item, const ShareLine& lump, OtherCh
         AddShare(item, lump);
         return;
     }
-    const LineColumns& columns = ColumnsOf(lump.charge);
-    if (period.number == period.count && item.IsContract(columns.payer))
-        AddEach(item, lump, TextOf(item, lump), item.NumberAt(columns.total));
+    const ChargeFigures& charge = item[lump.charge];
+    if (period.number == period.count && charge.byContract)
+        AddEach(item, lump, TextOf(item, lump), charge.total);
 }
 
 constexpr ShareLine shareLines[] = {
-    {Line::Fuel, "Fuel", -1, " - Fuel", "Fuel Surcharge.", 14, Taxable::Fuel},
-    {Line::Engine, "Engine Service", -1, " - Fuel Surcharge", "Fuel Surcharge.", 15, Taxable::Engine},
+    {BilledCharge::Fuel, "Fuel", Words::Fixed, " - Fuel", "Fuel Surcharge.", 14, Taxable::Fuel},
+    {BilledCharge::Engine, "Engine Service", Words::Fixed, " - Fuel Surcharge", "Fuel Surcharge.", 15, Taxable::Engine},
 };
 
 constexpr ShareLine lumpLines[] = {
-    {Line::HotelBuyOut, "Hotel Buy Out", -1, " - Hotel Buy Out", "Hotel Buyout", 9, Taxable::HotelBuyOut},
-    {Line::Carpet, "Other", ItemCol::Misc2Desc, " - Other", "Other", 16, Taxable::Carpet},
-    {Line::Permit, "Permits/Tolls/Parking", -1, " - Permits/Tolls/Parking", "Tolls", 18, Taxable::Permit},
-    {Line::Misc, "Overdrives", ItemCol::MiscDesc, " - Gratuities", "Gratuities", 19, Taxable::Misc},
-    {Line::PayrollFee, "Other", ItemCol::Misc3Desc, " - Other", "Other", 20, Taxable::PayrollFee},
-    {Line::Admin, "Other", ItemCol::Misc4Desc, " - Other", "Other", 21, Taxable::Admin},
+    {BilledCharge::HotelBuyOut, "Hotel Buy Out", Words::Fixed, " - Hotel Buy Out", "Hotel Buyout", 9,
+     Taxable::HotelBuyOut},
+    {BilledCharge::Carpet, "Other", Words::WithDescription, " - Other", "Other", 16, Taxable::Carpet},
+    {BilledCharge::Permit, "Permits/Tolls/Parking", Words::Fixed, " - Permits/Tolls/Parking", "Tolls", 18,
+     Taxable::Permit},
+    {BilledCharge::Misc, "Overdrives", Words::WithDescription, " - Gratuities", "Gratuities", 19, Taxable::Misc},
+    {BilledCharge::PayrollFee, "Other", Words::WithDescription, " - Other", "Other", 20, Taxable::PayrollFee},
+    {BilledCharge::Admin, "Other", Words::WithDescription, " - Other", "Other", 21, Taxable::Admin},
 };
 
 std::vector<InvoiceLine> LinesOfPeriod(const Period& period, const std::vector<BilledItem>& items,
@@ -185,8 +182,8 @@ std::vector<InvoiceLine> LinesOfPeriod(const Period& period, const std::vector<B
     for (const BilledItem& item : items) {
         const DateTime first = DateAdd("d", -item.travelIn, item.start);
         gathered.AddBus(item, first);
-        gathered.AddDriver(item, first, Line::Driver, item.driverName, 4);
-        gathered.AddDriver(item, first, Line::AddDriver, item.addDriverName, 5);
+        gathered.AddDriver(item, first, BilledCharge::Driver, item.driverName, 4);
+        gathered.AddDriver(item, first, BilledCharge::AddDriver, item.addDriverName, 5);
         for (const ShareLine& share : shareLines)
             gathered.AddShare(item, share);
         for (const ShareLine& lump : lumpLines)
@@ -217,6 +214,8 @@ std::vector<PlannedInvoice> PlanDailyInvoices(const DailyBilling& billing, const
         const DateTime end = DateAdd("d", billing.daysPerBill - 1, start);
         PlannedInvoice invoice;
         invoice.due = due;
+        invoice.periodStart = start;
+        invoice.periodEnd = end;
         invoice.lines = LinesOfPeriod({number, count, start, end}, items, rules, billing.otherCharges);
         invoice.totals = TotalsOf(invoice.lines, rules.taxRate);
         if (!invoice.lines.empty())

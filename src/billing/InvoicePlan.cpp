@@ -1,27 +1,11 @@
 #include "billing/InvoicePlan.h"
 
-#include "frame/PayerOptions.h"
 #include "frame/SharedRoutines.h"
 #include "values/Numbers.h"
 
 #include <algorithm>
 
 namespace rovanta {
-
-const std::string& BilledItem::TextAt(int col) const
-{
-    return cells.at(static_cast<std::size_t>(col));
-}
-
-double BilledItem::NumberAt(int col) const
-{
-    return Val(TextAt(col));
-}
-
-bool BilledItem::IsContract(int payerCol) const
-{
-    return TextAt(payerCol) == Payer::contract;
-}
 
 InvoiceTotals TotalsOf(const std::vector<InvoiceLine>& lines, double taxRate)
 {

@@ -11,7 +11,35 @@
 
 namespace rovanta {
 
-/// One vehicle of a tour as the invoice passes see it: a row of the tour's working grid.
+/// The charges that the passes can bill.
+enum class BilledCharge {
+    Bus,
+    Driver,
+    AddDriver,
+    DOT,
+    Satellite,
+    Internet,
+    HotelBuyOut,
+    Fuel,
+    Engine,
+    Carpet,
+    Permit,
+    Misc,
+    PayrollFee,
+    Admin
+};
+inline constexpr std::size_t billedChargeCount = 14;
+
+/// One charge of a vehicle: what it costs, whether the contract pays it (nothing else is ever invoiced), and the words
+/// that a person gave it.
+struct ChargeFigures {
+    double rate = 0;
+    double total = 0;
+    bool byContract = false;
+    std::string description;
+};
+
+/// One vehicle of a tour as the invoice passes see it.
 struct BilledItem {
     std::string busName;
     std::string busID;
@@ -23,13 +51,10 @@ struct BilledItem {
     double travelIn = 0;
     double billedDays = 0;
     std::string rateType;
-    /// The grid's cells as numbers and payer words, by the grid's own column numbers.
-    std::vector<std::string> cells;
+    std::array<ChargeFigures, billedChargeCount> charges;
 
-    double NumberAt(int col) const;
-    const std::string& TextAt(int col) const;
-    /// Whether the payer column reads "Contract": nothing else is ever invoiced.
-    bool IsContract(int payerCol) const;
+    ChargeFigures& operator[](BilledCharge charge) { return charges[static_cast<std::size_t>(charge)]; }
+    const ChargeFigures& operator[](BilledCharge charge) const { return charges[static_cast<std::size_t>(charge)]; }
 };
 
 /// One line of an invoice.
@@ -63,6 +88,8 @@ struct InvoiceTotals {
 /// One invoice that a pass makes.
 struct PlannedInvoice {
     DateTime due; ///< invoice date and due date
+    DateTime periodStart;
+    DateTime periodEnd;
     InvoiceTotals totals;
     std::vector<InvoiceLine> lines;
 };

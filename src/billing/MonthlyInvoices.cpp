@@ -1,7 +1,6 @@
 #include "billing/MonthlyInvoices.h"
 
 #include "frame/SharedRoutines.h"
-#include "tours/TourItemGrid.h"
 #include "values/Numbers.h"
 
 namespace rovanta {
@@ -9,7 +8,7 @@ namespace rovanta {
 namespace {
 
 struct MonthLine {
-    Line charge;
+    BilledCharge charge;
     const char* text;
     const char* other;
     const char* acct;
@@ -19,9 +18,9 @@ struct MonthLine {
 
 /// Kept on purpose: the internet charge is billed under the wording "Driver Services".
 constexpr MonthLine feeLines[] = {
-    {Line::DOT, "DOT/IFTA Fee", " - DOT/IFTA Fees", "DOT Fee", 5, Taxable::DOT},
-    {Line::Satellite, "Satellite/Internet", " - Satellite/Internet", "Satellite", 6, Taxable::Satellite},
-    {Line::Internet, "Driver Services", " - Driver Services", "Driver Services", 7, Taxable::Internet},
+    {BilledCharge::DOT, "DOT/IFTA Fee", " - DOT/IFTA Fees", "DOT Fee", 5, Taxable::DOT},
+    {BilledCharge::Satellite, "Satellite/Internet", " - Satellite/Internet", "Satellite", 6, Taxable::Satellite},
+    {BilledCharge::Internet, "Driver Services", " - Driver Services", "Driver Services", 7, Taxable::Internet},
 };
 
 DateTime LastOfMonth(DateTime date)
@@ -35,10 +34,9 @@ void AddItemLines(std::vector<InvoiceLine>& lines, const BilledItem& item, DateT
 {
     const auto overlap = static_cast<double>(OverlapDays(from, to, item.start, item.end));
     const double share = overlap / DaysInMonth(to);
-    const auto add = [&](InvoiceLine line, Line charge, Taxable::Index taxable) {
-        const LineColumns& columns = ItemLines()[static_cast<std::size_t>(charge)];
-        line.rate = item.NumberAt(columns.rate);
-        if (!item.IsContract(columns.payer) || line.qty2 == 0 || line.rate == 0)
+    const auto add = [&](InvoiceLine line, BilledCharge charge, Taxable::Index taxable) {
+        line.rate = item[charge].rate;
+        if (!item[charge].byContract || line.qty2 == 0 || line.rate == 0)
             return;
         line.uom = "Months";
         line.busID = item.busID;
@@ -57,7 +55,7 @@ void AddItemLines(std::vector<InvoiceLine>& lines, const BilledItem& item, DateT
     bus.busType = item.busType;
     bus.acct = "Truck and Trailer Lease";
     bus.orderField = 1;
-    add(std::move(bus), Line::Bus, Taxable::Bus);
+    add(std::move(bus), BilledCharge::Bus, Taxable::Bus);
     for (const MonthLine& fee : feeLines) {
         InvoiceLine line;
         line.qty2 = share;
@@ -87,6 +85,8 @@ std::vector<PlannedInvoice> PlanMonthlyInvoices(const MonthlyBilling& billing, c
         const DateTime to = number == count ? billing.lastDay : LastOfMonth(from);
         PlannedInvoice invoice;
         invoice.due = due;
+        invoice.periodStart = from;
+        invoice.periodEnd = to;
         for (const BilledItem& item : items) {
             if (item.rateType == "Per Month")
                 AddItemLines(invoice.lines, item, from, to, rules);

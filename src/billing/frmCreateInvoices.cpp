@@ -1,14 +1,17 @@
 #include "billing/frmCreateInvoices.h"
 
 #include "billing/DailyInvoices.h"
+#include "billing/InvoicePreview.h"
 #include "billing/InvoiceWriter.h"
 #include "billing/MonthlyInvoices.h"
 #include "frame/App.h"
 #include "frame/SharedRoutines.h"
 #include "tours/frmRentalEntry.h"
+#include "values/Format.h"
 #include "values/Numbers.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace rovanta {
 
@@ -27,9 +30,14 @@ frmCreateInvoices::frmCreateInvoices(App& app) : Screen(app, screenName, "Create
     SetCancelButton(btnCancel);
     btnCalculate.Click = [this] { btnCalculate_Click(); };
     btnCalculate2.Click = [this] { btnCalculate2_Click(); };
+    btnPreview.SetEnabled(false);
+    btnPreview2.SetEnabled(false);
+    btnPreview.Click = [this] { Preview("Daily", &frmCreateInvoices::PlanDaily); };
+    btnPreview2.Click = [this] { Preview("Monthly", &frmCreateInvoices::PlanMonthly); };
     btnCancel.Click = [this] { Leave(); };
     btnCancel2.Click = [this] { Leave(); };
     Unload = [this] { Leave(); };
+    ClearPreview();
 }
 
 void frmCreateInvoices::BillableSpan::Include(DateTime start, DateTime end)
@@ -74,6 +82,7 @@ void frmCreateInvoices::PrepareInvoiceDialog(const std::string& tourID)
     txtTourID2 = tourID;
     if (tourID == "0")
         return;
+    ClearPreview();
     const TourToBill tour = ReadTour(tourID);
     ShowPageOne(tour);
     ShowPageTwo(tour);
@@ -99,6 +108,7 @@ void frmCreateInvoices::ShowPageOne(const TourToBill& tour)
         dtFirstDueDate = DateAdd("d", -txtDays.Val(), *tour.daily.first);
     }
     btnCalculate.SetEnabled(!txtFirstDay.IsEmpty() && !txtLastDay.IsEmpty());
+    btnPreview.SetEnabled(btnCalculate.Enabled());
 }
 
 void frmCreateInvoices::ShowPageTwo(const TourToBill& tour)
@@ -112,6 +122,7 @@ void frmCreateInvoices::ShowPageTwo(const TourToBill& tour)
     if (tour.monthly.first)
         dtFirstDueDate2 = *tour.monthly.first;
     btnCalculate2.SetEnabled(!txtFirstDay2.IsEmpty() && !txtLastDay2.IsEmpty());
+    btnPreview2.SetEnabled(btnCalculate2.Enabled());
 }
 
 void frmCreateInvoices::Recalculate()
@@ -135,65 +146,107 @@ TaxRules frmCreateInvoices::Rules() const
     return {app.company.CompanyTaxRate, app.company.DefaultTaxable};
 }
 
-/// The tour's lines as they stand in the working grid of the open Tour screen, not in the table.
+/// Which charge of the tour's grid is which billed charge, and where its words stand; -1 for a charge without any.
+struct ChargeOfGrid {
+    BilledCharge billed;
+    Line line;
+    int descriptionCol;
+};
+
+static constexpr ChargeOfGrid chargesOfGrid[] = {
+    {BilledCharge::Bus, Line::Bus, -1},
+    {BilledCharge::Driver, Line::Driver, -1},
+    {BilledCharge::AddDriver, Line::AddDriver, -1},
+    {BilledCharge::DOT, Line::DOT, -1},
+    {BilledCharge::Satellite, Line::Satellite, -1},
+    {BilledCharge::Internet, Line::Internet, -1},
+    {BilledCharge::HotelBuyOut, Line::HotelBuyOut, -1},
+    {BilledCharge::Fuel, Line::Fuel, -1},
+    {BilledCharge::Engine, Line::Engine, -1},
+    {BilledCharge::Carpet, Line::Carpet, ItemCol::Misc2Desc},
+    {BilledCharge::Permit, Line::Permit, -1},
+    {BilledCharge::Misc, Line::Misc, ItemCol::MiscDesc},
+    {BilledCharge::PayrollFee, Line::PayrollFee, ItemCol::Misc3Desc},
+    {BilledCharge::Admin, Line::Admin, ItemCol::Misc4Desc},
+};
+static_assert(std::size(chargesOfGrid) == billedChargeCount);
+
+static BilledItem ReadItem(const Grid& grid, int row)
+{
+    const auto text = [&](int col) -> const std::string& { return grid.TextMatrix(row, col); };
+    BilledItem item;
+    item.busName = text(ItemCol::BusName);
+    item.busID = text(ItemCol::BusID);
+    item.driverName = text(ItemCol::DriverName);
+    item.addDriverName = text(ItemCol::AddDriverName);
+    item.start = ToDate(text(ItemCol::StartDate));
+    item.end = ToDate(text(ItemCol::EndDate));
+    item.travelIn = Val(text(ItemCol::TravelDaysIn));
+    item.billedDays = Val(text(ItemCol::BilledDays));
+    item.rateType = text(ItemCol::BusRateType);
+    for (const ChargeOfGrid& charge : chargesOfGrid) {
+        const LineColumns& columns = ItemLines()[static_cast<std::size_t>(charge.line)];
+        ChargeFigures& figures = item[charge.billed];
+        figures.rate = columns.rate >= 0 ? Val(text(columns.rate)) : 0;
+        figures.total = Val(text(columns.total));
+        figures.byContract = PaidByWord(text(columns.payer)) == PaidBy::Contract;
+        if (charge.descriptionCol >= 0)
+            figures.description = text(charge.descriptionCol);
+    }
+    return item;
+}
+
 std::vector<BilledItem> frmCreateInvoices::ReadItems()
 {
     std::vector<BilledItem> items;
     const auto* tour = app.Find<frmRentalEntry>();
     if (!tour)
         return items;
-    const Grid& grid = tour->vsfgItems;
-    for (int row = 1; row < grid.Rows(); ++row) {
-        BilledItem item;
-        item.cells.reserve(static_cast<std::size_t>(grid.Cols()));
-        for (int col = 0; col < grid.Cols(); ++col)
-            item.cells.push_back(grid.TextMatrix(row, col));
-        item.busName = item.TextAt(ItemCol::BusName);
-        item.busID = item.TextAt(ItemCol::BusID);
-        item.busType = GetBusType(app, item.busID);
-        item.driverName = item.TextAt(ItemCol::DriverName);
-        item.addDriverName = item.TextAt(ItemCol::AddDriverName);
-        item.start = ToDate(item.TextAt(ItemCol::StartDate));
-        item.end = ToDate(item.TextAt(ItemCol::EndDate));
-        item.travelIn = item.NumberAt(ItemCol::TravelDaysIn);
-        item.billedDays = item.NumberAt(ItemCol::BilledDays);
-        item.rateType = item.TextAt(ItemCol::BusRateType);
-        items.push_back(std::move(item));
+    for (int row = 1; row < tour->vsfgItems.Rows(); ++row) {
+        items.push_back(ReadItem(tour->vsfgItems, row));
+        items.back().busType = GetBusType(app, items.back().busID);
     }
     return items;
 }
 
-void frmCreateInvoices::btnCalculate_Click()
+std::vector<PlannedInvoice> frmCreateInvoices::PlanDaily()
 {
-    if (!MayReplaceInvoices(chkInvoicesExist))
-        return;
-    Hourglass wait(app);
     DailyBilling billing;
     billing.firstBillDate = dtFirstBillDate.Value();
     billing.firstDueDate = dtFirstDueDate.Value();
     billing.lastDay = ToDate(txtLastDay.Text());
     billing.daysPerBill = txtDays.Val();
     billing.otherCharges = optSplit.Value() ? OtherCharges::SplitEqually : OtherCharges::OnFinalBill;
-    RunPass("Daily", txtCustomerID, [&](const auto& items) { return PlanDailyInvoices(billing, items, Rules()); });
+    return PlanDailyInvoices(billing, ReadItems(), Rules());
 }
 
-void frmCreateInvoices::btnCalculate2_Click()
+std::vector<PlannedInvoice> frmCreateInvoices::PlanMonthly()
 {
-    if (!MayReplaceInvoices(chkInvoicesExist2))
-        return;
-    Hourglass wait(app);
     MonthlyBilling billing;
     billing.firstDay = ToDate(txtFirstDay2.Text());
     billing.lastDay = ToDate(txtLastDay2.Text());
     billing.firstDueDate = dtFirstDueDate2.Value();
-    RunPass("Monthly", txtCustomerID2, [&](const auto& items) { return PlanMonthlyInvoices(billing, items, Rules()); });
+    return PlanMonthlyInvoices(billing, ReadItems(), Rules());
 }
 
-void frmCreateInvoices::RunPass(const std::string& type, const TextBox& customerID, const Planner& plan)
+void frmCreateInvoices::btnCalculate_Click()
 {
+    if (MayReplaceInvoices(chkInvoicesExist))
+        RunPass("Daily", txtCustomerID, &frmCreateInvoices::PlanDaily);
+}
+
+void frmCreateInvoices::btnCalculate2_Click()
+{
+    if (MayReplaceInvoices(chkInvoicesExist2))
+        RunPass("Monthly", txtCustomerID2, &frmCreateInvoices::PlanMonthly);
+}
+
+void frmCreateInvoices::RunPass(const std::string& type, const TextBox& customerID, Planner plan)
+{
+    Hourglass wait(app);
     InvoiceWriter writer(app, {txtTourID.Text(), customerID.Text(), type});
     writer.SetUpPool();
-    for (const PlannedInvoice& invoice : plan(ReadItems())) {
+    for (const PlannedInvoice& invoice : (this->*plan)()) {
         ShowInWorkGrid(invoice.lines);
         writer.Write(invoice);
     }
@@ -203,6 +256,40 @@ void frmCreateInvoices::RunPass(const std::string& type, const TextBox& customer
         tour->LoadTourPayments();
     }
     Leave();
+}
+
+/// Lists what the page's pass would do, from the same plan, and writes nothing.
+void frmCreateInvoices::Preview(const std::string& type, Planner plan)
+{
+    Hourglass wait(app);
+    std::vector<FormerInvoice> former;
+    Recordset invoice(Statement{"SELECT ID,DueDate,InvoiceTotal FROM Invoice WHERE TourID = "} + Key(txtTourID.Text()) +
+                          " AND Type = '" + Text(type) + "' ORDER BY ID",
+                      Database());
+    for (; !invoice.Eof(); invoice.MoveNext())
+        former.push_back({invoice.Fields("ID").Text(), invoice.Fields("DueDate").Date(),
+                          invoice.Fields("InvoiceTotal").NumberOrZero()});
+    ClearPreview();
+    const auto money = [](const std::optional<double>& total) { return total ? ToText(*total) : std::string{}; };
+    for (const PreviewRow& row : PreviewPass((this->*plan)(), former)) {
+        const std::string period =
+            row.periodStart ? ToText(*row.periodStart) + " - " + ToText(*row.periodEnd) : std::string{};
+        vsfgPreview.AddCells({NameOf(row.effect), row.number.empty() ? "New" : row.number, period, ToText(row.due),
+                              money(row.oldTotal), money(row.newTotal)});
+    }
+}
+
+void frmCreateInvoices::ClearPreview()
+{
+    vsfgPreview.SetRows(0);
+    vsfgPreview.SetCols(6);
+    vsfgPreview.AddItem("Action\tInvoice\tPeriod\tDue Date\tOld Total\tNew Total");
+    vsfgPreview.SetFixedRows(1);
+    vsfgPreview.SetColFormat(3, datePicture);
+    for (const int col : {4, 5}) {
+        vsfgPreview.SetColFormat(col, moneyCellPicture);
+        vsfgPreview.SetColAlignment(col, CellAlignment::Right);
+    }
 }
 
 /// The hidden grid holds the lines of the period in hand.

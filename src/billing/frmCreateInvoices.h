@@ -3,7 +3,6 @@
 #include "billing/InvoicePlan.h"
 #include "frame/Screen.h"
 
-#include <functional>
 #include <optional>
 #include <vector>
 
@@ -48,11 +47,17 @@ public:
     Button btnCalculate2{this, "btnCalculate2", "Calculate"};
     Button btnCancel2{this, "btnCancel2", "Cancel"};
 
+    Button btnPreview{this, "btnPreview", "Preview"};
+    Button btnPreview2{this, "btnPreview2", "Preview"};
+    Grid vsfgPreview{this, "vsfgPreview", "Preview"};
+
     /// Fills both pages from the saved tour. An id of 0 leaves them untouched.
     void PrepareInvoiceDialog(const std::string& tourID);
     void OpenRecord(const std::string& key) override { PrepareInvoiceDialog(key); }
     /// Runs each page's pass that can run, as after a save that changed the tour's vehicles.
     void Recalculate();
+    /// The tour's lines as they stand in the working grid of the open Tour screen, not in the table.
+    std::vector<BilledItem> ReadItems();
 
 private:
     /// The days that the tour's lines of one kind cover, travel included.
@@ -77,9 +82,12 @@ private:
     void btnCalculate2_Click();
     bool MayReplaceInvoices(const CheckBox& invoicesExist);
     TaxRules Rules() const;
-    std::vector<BilledItem> ReadItems();
-    using Planner = std::function<std::vector<PlannedInvoice>(const std::vector<BilledItem>&)>;
-    void RunPass(const std::string& type, const TextBox& customerID, const Planner& plan);
+    std::vector<PlannedInvoice> PlanDaily();
+    std::vector<PlannedInvoice> PlanMonthly();
+    using Planner = std::vector<PlannedInvoice> (frmCreateInvoices::*)();
+    void RunPass(const std::string& type, const TextBox& customerID, Planner plan);
+    void Preview(const std::string& type, Planner plan);
+    void ClearPreview();
     void ShowInWorkGrid(const std::vector<InvoiceLine>& lines);
     void Leave();
 };

@@ -21,7 +21,7 @@ const std::set<std::string_view>& MDI::PendingCommands()
                                                        "TaskEntry",
                                                        "ExpenseNavigator",
                                                        "ExpenseEntry",
-                                                       "ReceivePayments",
+
                                                        "QBSync",
                                                        "DocumentCategoryEntry",
                                                        "DriverEntry",

@@ -1,9 +1,13 @@
 #include "tours/frmRentalEntry.h"
 
 #include "billing/frmCreateInvoices.h"
+#include "billing/frmManualInvoices.h"
 #include "frame/App.h"
+#include "frame/Reports.h"
 #include "values/Format.h"
 #include "values/Numbers.h"
+
+#include <algorithm>
 
 namespace rovanta {
 
@@ -13,6 +17,31 @@ static constexpr Color totalsColor = 0xE0E0E0;
 void frmRentalEntry::WireBilling()
 {
     btnCalculate.Click = [this] { btnCalculate_Click(); };
+    btnManualInvoice.Click = [this] { btnManualInvoice_Click(); };
+    btnEditInvoice.Click = [this] { EditSelectedInvoice(); };
+    vsfgInvoices.DoubleClick = [this] { EditSelectedInvoice(); };
+    btnDeleteInvoice.Click = [this] { btnDeleteInvoice_Click(); };
+    btnDeletePayment.Click = [this] { btnDeletePayment_Click(); };
+    btnPrintInvoices.Click = [this] { btnPrintInvoices_Click(); };
+    btnBuggyUp.Click = [this] { MoveItem(-1); };
+    btnBuggyDown.Click = [this] { MoveItem(1); };
+    WireReports();
+}
+
+void frmRentalEntry::WireReports()
+{
+    const auto wire = [this](Button& button, const char* permission) {
+        button.Click = [this, &button, permission] {
+            if (app.Permit(permission, Denial::viewReport))
+                RunReport(app, button.Caption(), {txtID.Text()});
+        };
+    };
+    wire(btnQuoteSheet, "Lease Agreement Report");
+    wire(btnPickupSheet, "Driver Pickup Report");
+    wire(btnOnBoardLease, "Onboard Lease Agreement Report");
+    wire(btnCCAuthorization, "Lease Agreement Report");
+    wire(btnInvestorReport, "Investor Report");
+    wire(btnLeaseAgreement, "Lease Agreement Report");
 }
 
 static void BuildGrid(Grid& grid, std::string_view heading, int cols)
@@ -80,15 +109,111 @@ void frmRentalEntry::LoadTourPayments()
     vsfgPayments.AutoSize(0, vsfgPayments.Cols() - 1);
 }
 
+bool frmRentalEntry::HasSavedTour()
+{
+    if (!txtID.IsEmpty())
+        return true;
+    app.Say("You must save the current tour or select a tour before creating invoices.", "No Tour Selected",
+            MessageIcon::Exclamation);
+    return false;
+}
+
 void frmRentalEntry::btnCalculate_Click()
 {
-    if (txtID.IsEmpty()) {
-        app.Say("You must save the current tour or select a tour before creating invoices.", "No Tour Selected",
-                MessageIcon::Exclamation);
+    if (!HasSavedTour())
         return;
-    }
     SetEnabled(false);
     app.Open<frmCreateInvoices>().PrepareInvoiceDialog(txtID.Text());
+}
+
+void frmRentalEntry::btnManualInvoice_Click()
+{
+    if (!HasSavedTour())
+        return;
+    SetEnabled(false);
+    auto& invoice = app.Open<frmManualInvoices>();
+    invoice.PrepareForm();
+    invoice.NewInvoiceForTour(txtID.Text());
+}
+
+/// Whether a row of an invoice or a payment is selected: neither the heading nor the row of totals is one.
+static bool HasRecord(const Grid& grid)
+{
+    return grid.HasCurrentRow() && !grid.IsSubtotal(grid.Row());
+}
+
+void frmRentalEntry::EditSelectedInvoice()
+{
+    if (!HasRecord(vsfgInvoices))
+        return;
+    auto& invoice = app.Open<frmManualInvoices>();
+    invoice.PrepareForm();
+    invoice.LoadInvoice(vsfgInvoices.TextMatrix(vsfgInvoices.Row(), 0));
+}
+
+void frmRentalEntry::btnDeleteInvoice_Click()
+{
+    if (!HasRecord(vsfgInvoices))
+        return;
+    if (!app.Ask("Are you sure you want to permanently delete the selected invoice?", "Delete Confirmation"))
+        return;
+    const std::string invoiceID = vsfgInvoices.TextMatrix(vsfgInvoices.Row(), 0);
+    Database().Execute(
+        Statement{"INSERT INTO QBInvoicesToBeDeleted (InvoiceID,QBID,GJQBID) (SELECT ID,QBID,GJQBID FROM "
+                  "Invoice WHERE ID = "} +
+        Key(invoiceID) + " AND QBID <> '')");
+    Database().Execute(Statement{"DELETE FROM Invoice WHERE ID = "} + Key(invoiceID));
+    Database().Execute(Statement{"DELETE FROM InvoiceItems WHERE InvoiceID = "} + Key(invoiceID));
+    // Kept on purpose: the payments that go with the invoice are not queued for removal from the accounting file.
+    Database().Execute(Statement{"DELETE FROM InvoicePayments WHERE InvoiceID = "} + Key(invoiceID));
+    LoadTourInvoices();
+    LoadTourPayments();
+}
+
+void frmRentalEntry::btnDeletePayment_Click()
+{
+    if (!HasRecord(vsfgPayments))
+        return;
+    if (!app.Ask("Are you sure you want to permanently delete the selected payment?", "Delete Confirmation"))
+        return;
+    const int row = vsfgPayments.Row();
+    const std::string paymentID = vsfgPayments.TextMatrix(row, 0);
+    Database().Execute(Statement{"UPDATE Invoice SET Paid = Paid - "} + Number(Val(vsfgPayments.TextMatrix(row, 4))) +
+                       " WHERE ID = " + Key(vsfgPayments.TextMatrix(row, 2)));
+    Database().Execute(Statement{"INSERT INTO QBPaymentsToBeDeleted (PaymentID,QBID) (SELECT ID,QBID FROM "
+                                 "InvoicePayments WHERE ID = "} +
+                       Key(paymentID) + " AND QBID <> '')");
+    Database().Execute(Statement{"DELETE FROM InvoicePayments WHERE ID = "} + Key(paymentID));
+    LoadTourInvoices();
+    LoadTourPayments();
+}
+
+void frmRentalEntry::btnPrintInvoices_Click()
+{
+    std::vector<std::string> invoices;
+    const int first = std::min(vsfgInvoices.Row(), vsfgInvoices.RowSel());
+    const int last = std::max(vsfgInvoices.Row(), vsfgInvoices.RowSel());
+    for (int row = std::max(first, vsfgInvoices.FixedRows()); row <= last; ++row) {
+        if (!vsfgInvoices.IsSubtotal(row))
+            invoices.push_back(vsfgInvoices.TextMatrix(row, 0));
+    }
+    RunReport(app, "Invoice", invoices);
+}
+
+/// Moves the selected vehicle one place up or down. Its number belongs to the place and stays.
+void frmRentalEntry::MoveItem(int step)
+{
+    const int row = vsfgItems.Row();
+    const int other = row + step;
+    if (!vsfgItems.HasCurrentRow() || other < 1 || other >= vsfgItems.Rows())
+        return;
+    SwapItemRows(vsfgItems, row, other);
+    // The line in hand goes with its vehicle, or its update would overwrite the neighbour.
+    if (txtTourItemID.Text() == std::to_string(row))
+        txtTourItemID = std::to_string(other);
+    else if (txtTourItemID.Text() == std::to_string(other))
+        txtTourItemID = std::to_string(row);
+    vsfgItems.Select(other, vsfgItems.Col());
 }
 
 }

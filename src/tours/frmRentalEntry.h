@@ -37,6 +37,12 @@ public:
     Button btnSave{this, "btnSave", "Save"};
     Button btnNew{this, "btnNew", "New"};
     Button btnExit{this, "btnExit", "Exit"};
+    Button btnQuoteSheet{this, "btnQuoteSheet", "Quote Sheet"};
+    Button btnPickupSheet{this, "btnPickupSheet", "Pickup Sheet"};
+    Button btnOnBoardLease{this, "btnOnBoardLease", "On-Board Lease"};
+    Button btnCCAuthorization{this, "btnCCAuthorization", "CC Authorization"};
+    Button btnInvestorReport{this, "btnInvestorReport", "Investor Report"};
+    Button btnLeaseAgreement{this, "btnLeaseAgreement", "Lease Agreement"};
 
     Tabs SSTab1{this, "SSTab1", {"Tour", "Pricing", "Pickup", "Invoices"}};
 
@@ -61,6 +67,8 @@ public:
     TextBox txtNotes{this, "txtNotes", "Notes"};
     Grid vsfgItems{this, "vsfgItems", "Buses/Trailers"};
     Button btnNewBus{this, "btnNewBus", "New Bus"};
+    Button btnBuggyUp{this, "btnBuggyUp", "Move Up"};
+    Button btnBuggyDown{this, "btnBuggyDown", "Move Down"};
 
     // Page "Pricing": the line in hand.
     TextBox txtTourItemID{this, "txtTourItemID", Visibility::Hidden};
@@ -187,6 +195,11 @@ public:
     Grid vsfgInvoices{this, "vsfgInvoices", "Invoices"};
     Grid vsfgPayments{this, "vsfgPayments", "Payments"};
     Button btnCalculate{this, "btnCalculate", "Create Invoices"};
+    Button btnManualInvoice{this, "btnManualInvoice", "Manual Invoice"};
+    Button btnEditInvoice{this, "btnEditInvoice", "Edit Invoice"};
+    Button btnDeleteInvoice{this, "btnDeleteInvoice", "Delete Invoice"};
+    Button btnPrintInvoices{this, "btnPrintInvoices", "Print Invoices"};
+    Button btnDeletePayment{this, "btnDeletePayment", "Delete Payment"};
 
     /// Loads the tour of that key into the screen.
     void LoadTour(const std::string& tourID);
@@ -276,7 +289,15 @@ private:
     // frmRentalEntry.Billing.cpp
     void WireBilling();
     void BuildBillingGrids();
+    bool HasSavedTour();
     void btnCalculate_Click();
+    void btnManualInvoice_Click();
+    void EditSelectedInvoice();
+    void btnDeleteInvoice_Click();
+    void btnDeletePayment_Click();
+    void btnPrintInvoices_Click();
+    void WireReports();
+    void MoveItem(int step);
 
     std::vector<ChargeBoxes> charges;
     std::vector<PanelText> panelTexts;

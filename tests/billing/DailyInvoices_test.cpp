@@ -24,14 +24,14 @@ static BilledItem TenDays()
 {
     BilledItem item = ItemOfTour("Silver Arrow", "3/2/2026", "3/11/2026");
     item.billedDays = 10;
-    SetRate(item, Line::Bus, 900, 9000);
+    SetRate(item, BilledCharge::Bus, 900, 9000);
     return item;
 }
 
 TEST_CASE("Ten days billed by seven make two invoices of seven and three days")
 {
     BilledItem item = TenDays();
-    SetRate(item, Line::Fuel, 1, 600);
+    SetRate(item, BilledCharge::Fuel, 1, 600);
     const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {});
     REQUIRE(invoices.size() == 2);
     CHECK(ToText(invoices[0].due) == "2/23/2026");
@@ -58,8 +58,8 @@ TEST_CASE("The first billed day is the start less the travel days in")
     BilledItem item = TenDays();
     item.travelIn = 2;
     item.billedDays = 12;
-    SetRate(item, Line::Bus, 900, 10800);
-    SetRate(item, Line::Driver, 250, 3000);
+    SetRate(item, BilledCharge::Bus, 900, 10800);
+    SetRate(item, BilledCharge::Driver, 250, 3000);
     item.driverName = "Lee Marsh";
     const auto invoices = PlanDailyInvoices(Weekly("2/28/2026", "3/11/2026"), {item}, {});
     REQUIRE(invoices.size() == 2);
@@ -74,8 +74,8 @@ TEST_CASE("The first billed day is the start less the travel days in")
 TEST_CASE("The bus line's days rest on its total, the drivers' on the billed days")
 {
     BilledItem item = TenDays();
-    SetRate(item, Line::Bus, 900, 7200); // eight days by the total
-    SetRate(item, Line::Driver, 100, 1000);
+    SetRate(item, BilledCharge::Bus, 900, 7200); // eight days by the total
+    SetRate(item, BilledCharge::Driver, 100, 1000);
     const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {});
     REQUIRE(invoices.size() == 2);
     CHECK(invoices[1].lines[0].qty2 == 1);
@@ -86,7 +86,7 @@ TEST_CASE("The bus line's days rest on its total, the drivers' on the billed day
 TEST_CASE("A quotient that misses a whole day by a hair still counts it")
 {
     BilledItem item = TenDays();
-    SetRate(item, Line::Bus, 0.1, 0.1 * 10);
+    SetRate(item, BilledCharge::Bus, 0.1, 0.1 * 10);
     const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {});
     CHECK(invoices.back().lines[0].qty2 == 3);
 }
@@ -94,15 +94,15 @@ TEST_CASE("A quotient that misses a whole day by a hair still counts it")
 TEST_CASE("Only what the contract pays is invoiced, and nothing with a rate of zero")
 {
     BilledItem item = TenDays();
-    SetRate(item, Line::Driver, 250, 2500);
-    SetPayer(item, Line::Driver, Payer::driver);
-    SetRate(item, Line::Fuel, 1, 600);
-    SetPayer(item, Line::Fuel, Payer::client);
+    SetRate(item, BilledCharge::Driver, 250, 2500);
+    item[BilledCharge::Driver].byContract = false;
+    SetRate(item, BilledCharge::Fuel, 1, 600);
+    item[BilledCharge::Fuel].byContract = false;
     const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {});
     REQUIRE(invoices.size() == 2);
     CHECK(invoices[0].lines.size() == 1);
 
-    SetRate(item, Line::Bus, 0, 0);
+    SetRate(item, BilledCharge::Bus, 0, 0);
     CHECK(PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {}).empty());
 }
 
@@ -113,29 +113,28 @@ TEST_CASE("A monthly item with a bus rate is billed by the day too")
     CHECK(PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {}).size() == 2);
 }
 
-TEST_CASE("Eight charges are never billed by this pass")
+TEST_CASE("The monthly fees are never billed by this pass")
 {
     BilledItem item = TenDays();
-    SetRate(item, Line::Bus, 0, 0);
-    for (const Line line : {Line::DOT, Line::Satellite, Line::Internet, Line::Supplies, Line::BusWash, Line::Linen,
-                            Line::Generator, Line::Cleaning})
-        SetRate(item, line, 10, 100);
+    SetRate(item, BilledCharge::Bus, 0, 0);
+    for (const BilledCharge charge : {BilledCharge::DOT, BilledCharge::Satellite, BilledCharge::Internet})
+        SetRate(item, charge, 10, 100);
     CHECK(PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {}).empty());
 }
 
 static BilledItem WithLumps()
 {
     BilledItem item = TenDays();
-    item.cells[ItemCol::MiscDesc] = "Night drives";
-    item.cells[ItemCol::Misc2Desc] = "Flights";
-    item.cells[ItemCol::Misc3Desc] = "Wrap";
-    item.cells[ItemCol::Misc4Desc] = "Second driver";
-    SetRate(item, Line::HotelBuyOut, 120, 240);
-    SetRate(item, Line::Carpet, 0, 100);
-    SetRate(item, Line::Permit, 0, 85.25);
-    SetRate(item, Line::Misc, 0, 50);
-    SetRate(item, Line::PayrollFee, 0, 40);
-    SetRate(item, Line::Admin, 0, 30);
+    item[BilledCharge::Misc].description = "Night drives";
+    item[BilledCharge::Carpet].description = "Flights";
+    item[BilledCharge::PayrollFee].description = "Wrap";
+    item[BilledCharge::Admin].description = "Second driver";
+    SetRate(item, BilledCharge::HotelBuyOut, 120, 240);
+    SetRate(item, BilledCharge::Carpet, 0, 100);
+    SetRate(item, BilledCharge::Permit, 0, 85.25);
+    SetRate(item, BilledCharge::Misc, 0, 50);
+    SetRate(item, BilledCharge::PayrollFee, 0, 40);
+    SetRate(item, BilledCharge::Admin, 0, 30);
     return item;
 }
 
@@ -186,7 +185,7 @@ TEST_CASE("The number of periods is the whole days over the days per bill, plus 
 TEST_CASE("The last day on a period's first day makes one more invoice of one day")
 {
     BilledItem item = ItemOfTour("Silver Arrow", "3/2/2026", "3/9/2026");
-    SetRate(item, Line::Bus, 900, 7200);
+    SetRate(item, BilledCharge::Bus, 900, 7200);
     const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/9/2026"), {item}, {});
     REQUIRE(invoices.size() == 2);
     CHECK(invoices[1].lines[0].qty2 == 1);
@@ -203,9 +202,9 @@ TEST_CASE("Days before the first bill date are never billed")
 TEST_CASE("A period in which no line arises makes no invoice")
 {
     BilledItem early = ItemOfTour("Silver Arrow", "3/2/2026", "3/4/2026");
-    SetRate(early, Line::Bus, 900, 2700);
+    SetRate(early, BilledCharge::Bus, 900, 2700);
     BilledItem late = ItemOfTour("Blue Comet", "3/23/2026", "3/24/2026");
-    SetRate(late, Line::Bus, 800, 1600);
+    SetRate(late, BilledCharge::Bus, 800, 1600);
     const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/24/2026"), {early, late}, {});
     REQUIRE(invoices.size() == 2);
     CHECK(ToText(invoices[1].due) == "3/16/2026");
@@ -214,7 +213,7 @@ TEST_CASE("A period in which no line arises makes no invoice")
 TEST_CASE("A leap day is a day like any other")
 {
     BilledItem item = ItemOfTour("Silver Arrow", "2/26/2024", "3/3/2024");
-    SetRate(item, Line::Bus, 900, 6300);
+    SetRate(item, BilledCharge::Bus, 900, 6300);
     const auto invoices = PlanDailyInvoices(Weekly("2/26/2024", "3/3/2024"), {item}, {});
     REQUIRE(invoices.size() == 1);
     CHECK(invoices[0].lines[0].qty2 == 7);
@@ -224,8 +223,8 @@ TEST_CASE("A negative span bills its shares but no days")
 {
     BilledItem item = ItemOfTour("Silver Arrow", "3/11/2026", "3/2/2026");
     item.billedDays = -8;
-    SetRate(item, Line::Bus, 900, -7200);
-    SetRate(item, Line::Fuel, 1, 600);
+    SetRate(item, BilledCharge::Bus, 900, -7200);
+    SetRate(item, BilledCharge::Fuel, 1, 600);
     const auto invoices = PlanDailyInvoices(Weekly("3/11/2026", "3/2/2026"), {item}, {});
     CHECK(invoices.empty()); // not one period
     const auto one = PlanDailyInvoices(Weekly("3/11/2026", "3/10/2026"), {item}, {});
@@ -256,10 +255,10 @@ TEST_CASE("Each charge asks its own taxable flag")
     BilledItem item = WithLumps();
     item.driverName = "Lee Marsh";
     item.addDriverName = "Kim Doyle";
-    SetRate(item, Line::Driver, 250, 2500);
-    SetRate(item, Line::AddDriver, 200, 2000);
-    SetRate(item, Line::Fuel, 1, 600);
-    SetRate(item, Line::Engine, 1, 60);
+    SetRate(item, BilledCharge::Driver, 250, 2500);
+    SetRate(item, BilledCharge::AddDriver, 200, 2000);
+    SetRate(item, BilledCharge::Fuel, 1, 600);
+    SetRate(item, BilledCharge::Engine, 1, 60);
     const std::vector<Taxable::Index> flags = {Taxable::Bus,    Taxable::Driver,      Taxable::Driver, Taxable::Fuel,
                                                Taxable::Engine, Taxable::HotelBuyOut, Taxable::Carpet, Taxable::Permit,
                                                Taxable::Misc,   Taxable::PayrollFee,  Taxable::Admin};

@@ -15,7 +15,7 @@ static BilledItem MonthlyItem(const char* start, const char* end)
 {
     BilledItem item = ItemOfTour("Silver Arrow", start, end);
     item.rateType = "Per Month";
-    SetRate(item, Line::Bus, 30000, 0);
+    SetRate(item, BilledCharge::Bus, 30000, 0);
     return item;
 }
 
@@ -49,9 +49,9 @@ TEST_CASE("A first due date on the 31st falls back in short months and stays the
 TEST_CASE("The fees are billed beside the bus, without rounded quantities and under their own words")
 {
     BilledItem item = MonthlyItem("2/10/2026", "2/28/2026");
-    SetRate(item, Line::DOT, 100, 0);
-    SetRate(item, Line::Satellite, 200, 0);
-    SetRate(item, Line::Internet, 300, 0);
+    SetRate(item, BilledCharge::DOT, 100, 0);
+    SetRate(item, BilledCharge::Satellite, 200, 0);
+    SetRate(item, BilledCharge::Internet, 300, 0);
     const auto invoices = PlanMonthlyInvoices(Months("2/10/2026", "2/28/2026", "2/10/2026"), {item}, {});
     REQUIRE(invoices.size() == 1);
     const auto& lines = invoices[0].lines;
@@ -88,6 +88,6 @@ TEST_CASE("Travel days are not added to a month")
 TEST_CASE("Nobody but the contract's payer is billed by the month")
 {
     BilledItem item = MonthlyItem("2/10/2026", "2/28/2026");
-    SetPayer(item, Line::Bus, Payer::client);
+    item[BilledCharge::Bus].byContract = false;
     CHECK(PlanMonthlyInvoices(Months("2/10/2026", "2/28/2026", "2/10/2026"), {item}, {}).empty());
 }

@@ -39,6 +39,22 @@ TaxRules Rules()
     return rules;
 }
 
+constexpr std::pair<BilledCharge, Line> chargesOfLine[] = {{BilledCharge::Bus, Line::Bus},
+                                                           {BilledCharge::Driver, Line::Driver},
+                                                           {BilledCharge::AddDriver, Line::AddDriver},
+                                                           {BilledCharge::DOT, Line::DOT},
+                                                           {BilledCharge::Satellite, Line::Satellite},
+                                                           {BilledCharge::Internet, Line::Internet},
+                                                           {BilledCharge::HotelBuyOut, Line::HotelBuyOut},
+                                                           {BilledCharge::Fuel, Line::Fuel},
+                                                           {BilledCharge::Engine, Line::Engine},
+                                                           {BilledCharge::Carpet, Line::Carpet},
+                                                           {BilledCharge::Permit, Line::Permit},
+                                                           {BilledCharge::Misc, Line::Misc},
+                                                           {BilledCharge::PayrollFee, Line::PayrollFee},
+                                                           {BilledCharge::Admin, Line::Admin}};
+static_assert(std::size(chargesOfLine) == billedChargeCount);
+
 BilledItem ItemOf(const TourLine& line)
 {
     BilledItem item;
@@ -52,18 +68,15 @@ BilledItem ItemOf(const TourLine& line)
     item.travelIn = line.span.travelIn;
     item.billedDays = line.billed.billedDays;
     item.rateType = line.PerMonth() ? "Per Month" : "Per Day";
-    item.cells.resize(ItemCol::Count);
-    const auto set = [&](int col, const std::string& text) { item.cells[static_cast<std::size_t>(col)] = text; };
-    for (const LineColumns& charge : ItemLines()) {
-        if (charge.rate >= 0)
-            set(charge.rate, ToText(line.figures.rate[charge.line]));
-        set(charge.total, ToText(line.price.total[charge.line]));
-        set(charge.payer, WordOf(line.figures.payer[charge.line]));
+    for (const auto& [billed, charge] : chargesOfLine) {
+        item[billed].rate = line.figures.rate[charge];
+        item[billed].total = line.price.total[charge];
+        item[billed].byContract = line.figures.payer[charge] == PaidBy::Contract;
     }
-    set(ItemCol::MiscDesc, line.overdrives);
-    set(ItemCol::Misc2Desc, line.flights);
-    set(ItemCol::Misc3Desc, line.wraps);
-    set(ItemCol::Misc4Desc, line.coDriver);
+    item[BilledCharge::Misc].description = line.overdrives;
+    item[BilledCharge::Carpet].description = line.flights;
+    item[BilledCharge::PayrollFee].description = line.wraps;
+    item[BilledCharge::Admin].description = line.coDriver;
     return item;
 }
 

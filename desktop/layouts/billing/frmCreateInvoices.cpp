@@ -4,37 +4,40 @@ namespace rovanta {
 
 Node frmCreateInvoicesLayout()
 {
-    return Pages{
-        "SSTab1",
-        Page{
-            Fields{
-                "txtClient",
-                Wide("txtTourName", 36),
-                Chars("txtTourID", 10),
-                Chars("txtFirstDay", 12),
-                Chars("txtLastDay", 12),
-                Number("txtDays", 5),
-                "dtFirstBillDate",
-                "dtFirstDueDate",
-                "chkInvoicesExist",
+    return Column{
+        Pages{
+            "SSTab1",
+            Page{
+                Fields{
+                    "txtClient",
+                    Wide("txtTourName", 36),
+                    Chars("txtTourID", 10),
+                    Chars("txtFirstDay", 12),
+                    Chars("txtLastDay", 12),
+                    Number("txtDays", 5),
+                    "dtFirstBillDate",
+                    "dtFirstDueDate",
+                    "chkInvoicesExist",
+                },
+                Column{"optSplit", "optEnd"},
+                Row{Stretch(), "btnPreview", "btnCalculate", "btnCancel"},
             },
-            Column{"optSplit", "optEnd"},
-            Row{Stretch(), "btnCalculate", "btnCancel"},
-        },
-        Page{
-            Fields{
-                "txtClient2",
-                "txtTourName2",
-                Chars("txtTourID2", 10),
-                Chars("txtFirstDay2", 12),
-                Chars("txtLastDay2", 12),
-                "dtFirstDueDate2",
-                "chkInvoicesExist2",
+            Page{
+                Fields{
+                    "txtClient2",
+                    "txtTourName2",
+                    Chars("txtTourID2", 10),
+                    Chars("txtFirstDay2", 12),
+                    Chars("txtLastDay2", 12),
+                    "dtFirstDueDate2",
+                    "chkInvoicesExist2",
+                },
+                "lblMonthlyNote",
+                Stretch(),
+                Row{Stretch(), "btnPreview2", "btnCalculate2", "btnCancel2"},
             },
-            "lblMonthlyNote",
-            Stretch(),
-            Row{Stretch(), "btnCalculate2", "btnCancel2"},
         },
+        Lines("vsfgPreview", 8),
     };
 }
 

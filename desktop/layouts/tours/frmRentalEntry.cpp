@@ -44,7 +44,8 @@ static Page TourPage()
                               }}),
         },
         "vsfgItems",
-        Row{"btnNewBus", Stretch(), Words("Entered by"), "lblEnteredBy", Nothing(), Words("Edited by"), "lblEditedBy"},
+        Row{"btnNewBus", "btnBuggyUp", "btnBuggyDown", Stretch(), Words("Entered by"), "lblEnteredBy", Nothing(),
+            Words("Edited by"), "lblEditedBy"},
     };
 }
 
@@ -167,8 +168,10 @@ static Page InvoicesPage()
 {
     return Page{
         Weighted(3, "vsfgInvoices"),
-        Row{"btnCalculate", Stretch()},
+        Row{"btnCalculate", "btnManualInvoice", "btnEditInvoice", "btnDeleteInvoice", "btnPrintInvoices", Stretch()},
         Weighted(2, "vsfgPayments"),
+        Row{"btnDeletePayment", Stretch(), "btnQuoteSheet", "btnLeaseAgreement", "btnOnBoardLease",
+            "btnCCAuthorization", "btnPickupSheet", "btnInvestorReport"},
     };
 }
 
