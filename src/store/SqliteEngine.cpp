@@ -228,7 +228,7 @@ public:
         return {row, table.Identity() != nullptr ? Value(row) : Value()};
     }
 
-    bool Update(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& changes,
+    bool Update(const TableInfo& table, Value& rowKey, const std::vector<ColumnValue>& changes,
                 const std::vector<ColumnValue>& read) override
     {
         std::string text = "UPDATE " + SqliteName(table.name);
