@@ -156,7 +156,7 @@ private:
             return;
         }
         MakeOf(TableOfResult(into, query->columns));
-        plan.statements.push_back("INSERT INTO " + PostgresName(into) + " " + writer.QueryText(*query));
+        plan.statements.push_back("INSERT INTO " + PostgresName(into) + " " + writer.FillingQuery(*query));
     }
 
     void MakeOf(const InsertStatement& insert)

@@ -2,6 +2,8 @@
 
 #include "store/PostgresEmitter.h"
 
+#include <algorithm>
+
 namespace rovanta {
 
 std::string PostgresWriter::TopQuery(const Query& query)
@@ -13,15 +15,20 @@ std::string PostgresWriter::TopQuery(const Query& query)
         rowKey = PostgresName(query.members.front().from->alias) + "." +
                  (identity != nullptr ? PostgresName(identity->name) : "ctid");
     }
-    return Members(query, ColumnNames::Left, rowKey);
+    return Members(query, ColumnNames::Left, Ties::Settled, rowKey);
 }
 
 std::string PostgresWriter::QueryText(const Query& query)
 {
-    return Members(query, ColumnNames::Written, {});
+    return Members(query, ColumnNames::Written, Ties::Left, {});
 }
 
-std::string PostgresWriter::Members(const Query& query, ColumnNames names, const std::string& rowKey)
+std::string PostgresWriter::FillingQuery(const Query& query)
+{
+    return Members(query, ColumnNames::Written, Ties::Settled, {});
+}
+
+std::string PostgresWriter::Members(const Query& query, ColumnNames names, Ties ties, const std::string& rowKey)
 {
     const bool single = query.members.size() == 1;
     std::string text;
@@ -33,7 +40,7 @@ std::string PostgresWriter::Members(const Query& query, ColumnNames names, const
             select = "(" + select + LimitText(*member.top) + ")";
         text += select;
     }
-    text += OrderText(query);
+    text += OrderText(query, ties);
     if (single && query.members.front().top)
         text += LimitText(*query.members.front().top);
     return text;
@@ -82,7 +89,54 @@ static bool MayBeNull(const Query& query, const OrderItem& item)
     return expression.source == nullptr || expression.source->column == nullptr || expression.source->column->nullable;
 }
 
-std::string PostgresWriter::OrderText(const Query& query)
+static bool HasAggregate(const Expression& expression)
+{
+    return expression.kind == ExpressionKind::Aggregate ||
+           std::any_of(expression.operands.begin(), expression.operands.end(),
+                       [](const ExpressionPointer& operand) { return HasAggregate(*operand); });
+}
+
+/// The keys of the tables that the rows come from, the left one first. A view and a query in brackets have none, and
+/// where `numbered` tables alone are wanted, those without an identity have none either.
+static void AddRowKeys(const Source& source, bool numbered, std::vector<std::string>& keys)
+{
+    if (source.kind == SourceKind::Join) {
+        AddRowKeys(*source.left, numbered, keys);
+        AddRowKeys(*source.right, numbered, keys);
+    } else if (source.kind == SourceKind::Table && source.columns.front().table->kind == TableKind::Table) {
+        const ColumnInfo* identity = source.columns.front().table->Identity();
+        if (identity != nullptr || !numbered)
+            keys.push_back(PostgresName(source.alias) + "." +
+                           (identity != nullptr ? PostgresName(identity->name) : "ctid"));
+    }
+}
+
+/// By what the rows are ordered where the statement leaves their order open: as a table clustered by its key gives
+/// them. This server would give a row that was changed behind all others.
+static std::vector<std::string> TieBreakers(const Query& query)
+{
+    std::vector<std::string> keys;
+    const Select& select = query.members.front();
+    const bool grouped = !select.groupBy.empty() || select.having ||
+                         std::any_of(select.items.begin(), select.items.end(),
+                                     [](const SelectItem& item) { return HasAggregate(*item.expression); });
+    if (query.members.size() > 1 || select.distinct) {
+        if (!query.unionAll)
+            for (std::size_t i = 1; i <= query.columns.size(); ++i)
+                keys.push_back(std::to_string(i) + " NULLS FIRST");
+    } else if (grouped) {
+        for (const ExpressionPointer& key : select.groupBy)
+            if (key->kind == ExpressionKind::Column)
+                keys.push_back(PostgresName(key->qualifier) + "." + PostgresName(key->name) + " NULLS FIRST");
+    } else if (select.from) {
+        // The first row of all is found without a look at the others.
+        const bool anyRow = select.top && query.orderBy.empty();
+        AddRowKeys(*select.from, anyRow, keys);
+    }
+    return keys;
+}
+
+std::string PostgresWriter::OrderText(const Query& query, Ties ties)
 {
     std::string text;
     for (const OrderItem& item : query.orderBy) {
@@ -93,6 +147,9 @@ std::string PostgresWriter::OrderText(const Query& query)
         if (MayBeNull(query, item))
             text += item.descending ? " NULLS LAST" : " NULLS FIRST";
     }
+    if (ties == Ties::Settled)
+        for (const std::string& key : TieBreakers(query))
+            text += (text.empty() ? " ORDER BY " : ", ") + key;
     return text;
 }
 
@@ -119,7 +176,7 @@ std::string PostgresWriter::InsertText(const InsertStatement& insert)
         text += (i == 0 ? "" : ", ") + PostgresName(insert.columns[i]);
     text += ") ";
     if (insert.query)
-        return text + QueryText(*insert.query);
+        return text + FillingQuery(*insert.query);
     for (std::size_t i = 0; i < insert.rows.size(); ++i)
         text += (i == 0 ? "VALUES (" : ", (") + Listed(insert.rows[i]) + ")";
     return text;

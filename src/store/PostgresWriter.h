@@ -15,6 +15,8 @@ public:
 
     /// A query whose rows the program reads; those of one table bring their row's key behind the last column.
     std::string TopQuery(const Query& query);
+    /// A query whose rows go into a table, its columns under their names.
+    std::string FillingQuery(const Query& query);
     /// A query inside a statement, its columns under their names.
     std::string QueryText(const Query& query);
     std::string InsertText(const InsertStatement& insert);
@@ -25,10 +27,11 @@ public:
 
 private:
     enum class ColumnNames { Written, Left };
+    enum class Ties { Settled, Left };
 
-    std::string Members(const Query& query, ColumnNames names, const std::string& rowKey);
+    std::string Members(const Query& query, ColumnNames names, Ties ties, const std::string& rowKey);
     std::string SelectText(const Select& select, ColumnNames names, const std::string& rowKey);
-    std::string OrderText(const Query& query);
+    std::string OrderText(const Query& query, Ties ties);
     std::string LimitText(std::size_t literal);
     std::string SourceText(const Source& source);
 
