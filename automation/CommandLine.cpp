@@ -4,7 +4,7 @@ namespace rovanta {
 
 const char* const usage =
     R"(Usage: rovanta-automation --config PATH/config.txt [--clock "yyyy-mm-dd hh:mm:ss"] [--machine NAME]
-       rovanta-automation --run [--tell] [--keep DIR | --config PATH/config.txt | --server TEXT] STORY.test ...
+       rovanta-automation --run [--tell] [--keep DIR] [--config PATH/config.txt] STORY.test ...
 
 Without --run it is the whole program without a window. It reads JSON-RPC 2.0 requests from standard input,
 one object a line, and writes a response a line to standard output, in order, until the end of input.
@@ -18,8 +18,6 @@ With --run it plays stories and prints what differs.
   --tell           tells each step in plain words
   --keep DIR       makes the story's office in DIR and leaves it there
   --config PATH    plays on this office instead of making the one that the story names
-  --server TEXT    makes each story's office in a database of its own on this server, any database of which the
-                   connection text names: postgresql://user@host/postgres
 
 Exit codes: 0 when all went well, 1 when the start failed, the program ended by a failure or a story differs,
 2 for options that make no sense.
@@ -92,8 +90,6 @@ static void Check(const CommandLine& line)
         throw UsageError("There is no option " + line.stories.front() + ".");
     if (!line.run && (line.tell || !line.keep.empty()))
         throw UsageError("The options --tell and --keep go with --run.");
-    if (!line.server.empty() && (!line.run || !line.keep.empty() || !line.configPath.empty()))
-        throw UsageError("The option --server goes with --run, and without --keep and --config.");
     if (!line.run && line.configPath.empty())
         throw UsageError("The option --config is missing.");
     if (line.run && !line.keep.empty() && (line.stories.size() > 1 || !line.configPath.empty()))
@@ -117,8 +113,6 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments)
             line.run = true;
         else if (option == "--tell")
             line.tell = true;
-        else if (option == "--server")
-            line.server = ValueOf(arguments, at);
         else if (option == "--keep")
             line.keep = ValueOf(arguments, at);
         else if (option.starts_with("-"))

@@ -22,8 +22,6 @@ struct CommandLine {
     bool tell = false;
     /// Where a story's office is made and kept; empty for a folder that goes.
     std::string keep;
-    /// The connection text of the server on which the stories' offices lie; empty for a file each.
-    std::string server;
 };
 
 /// Options that make no sense; the text says which.

@@ -14,8 +14,6 @@ struct StoryOptions {
     std::string keep;
     /// Tell each step in plain words.
     bool tell = false;
-    /// The connection text of a server on which every story's office has a database of its own; empty for a file.
-    std::string server;
 };
 
 /// Plays stories one after the other and writes to `out` what differs. Returns how many of them differ.

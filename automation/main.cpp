@@ -22,7 +22,7 @@ int main(int count, char** arguments)
         return 0;
     }
     if (line.run)
-        return PlayStories(line.stories, {line.configPath, line.keep, line.tell, line.server}, std::cout) == 0 ? 0 : 1;
+        return PlayStories(line.stories, {line.configPath, line.keep, line.tell}, std::cout) == 0 ? 0 : 1;
     Desk desk(AllScreens(), {line.configPath, line.machine, line.clock});
     return Serve(desk, std::cin, std::cout);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/PostgresEngine.h"
+#include "store/ServerDatabase.h"
 
 #include <cstdlib>
 #include <optional>
@@ -25,12 +25,12 @@ public:
     {
         static int count = 0;
         name = "rovanta_" + std::to_string(getpid()) + "_" + std::to_string(++count);
-        CreatePostgresDatabase(*TestServer(), name, like);
+        CreateServerDatabase(*TestServer(), name, like);
     }
     ~TestDatabase()
     {
         try {
-            DropPostgresDatabase(*TestServer(), name);
+            DropServerDatabase(*TestServer(), name);
         } catch (const std::exception&) {
             // The server goes with the suite, and the database with it.
         }
@@ -39,7 +39,7 @@ public:
     TestDatabase& operator=(const TestDatabase&) = delete;
 
     const std::string& Name() const { return name; }
-    std::string Text() const { return WithPostgresDatabase(*TestServer(), name); }
+    std::string Text() const { return WithDatabase(*TestServer(), name); }
 
 private:
     std::string name;
