@@ -32,10 +32,10 @@ class PostgresEngine : public Engine {
 public:
     explicit PostgresEngine(const std::string& connectionText) : session(connectionText)
     {
-        const PostgresRows found = session.RunScript(
-            "SET search_path = public; SET DateStyle = ISO; SET standard_conforming_strings = on; "
-            "SET extra_float_digits = 1; SET lock_timeout = '60s'; SET client_min_messages = error; "
-            "LISTEN rovanta_tables; SELECT to_regclass('rovanta.version') IS NOT NULL");
+        const PostgresRows found =
+            session.RunScript("SET search_path = public; SET DateStyle = ISO; SET standard_conforming_strings = on; "
+                              "SET extra_float_digits = 1; SET lock_timeout = '60s'; SET client_min_messages = error; "
+                              "LISTEN rovanta_tables; SELECT to_regclass('rovanta.version') IS NOT NULL");
         equipped = found.Text(0, 0) == "t";
         Commands commands{Bare(catalogueText)};
         if (equipped)
@@ -304,8 +304,8 @@ private:
             const TablePointer table = catalogue.Find(plan.creates);
             const std::string name = PostgresName(table->name);
             const std::string identity = table->Identity()->name;
-            const std::string sequence = "pg_get_serial_sequence('" + Replace(name, "'", "''") + "', '" +
-                                         Replace(identity, "'", "''") + "')";
+            const std::string sequence =
+                "pg_get_serial_sequence('" + Replace(name, "'", "''") + "', '" + Replace(identity, "'", "''") + "')";
             commands.push_back({"SELECT setval(" + sequence + ", greatest((SELECT max(" + PostgresName(identity) +
                                     ") FROM " + name + "), nextval(" + sequence + ") - 1, 1))",
                                 {},
@@ -331,8 +331,8 @@ private:
         commands.back() = Bound(plan, literals);
         commands.back().repeated = false;
         if (dropped)
-            commands.back().text = (dropped->kind == TableKind::View ? "DROP VIEW " : "DROP TABLE ") +
-                                   PostgresName(dropped->name);
+            commands.back().text =
+                (dropped->kind == TableKind::View ? "DROP VIEW " : "DROP TABLE ") + PostgresName(dropped->name);
         commands.push_back(Bare(newsText));
         commands.push_back(Bare(catalogueText));
         TakeCatalogue(Run(commands).back());
@@ -373,15 +373,13 @@ private:
         for (int row = 0; row < answer.RowCount(); ++row) {
             int index = 0;
             for (const SourceColumn& column : columns) {
-                rows.cells.push_back(answer.IsNull(row, index)
-                                         ? Value()
-                                         : FromPostgres(answer.Text(row, index), column.type.kind));
+                rows.cells.push_back(
+                    answer.IsNull(row, index) ? Value() : FromPostgres(answer.Text(row, index), column.type.kind));
                 ++index;
             }
             if (table)
-                rows.rowKeys.push_back(FromPostgres(answer.Text(row, index), table->Identity() != nullptr
-                                                                                 ? TypeKind::BigInt
-                                                                                 : TypeKind::Varchar));
+                rows.rowKeys.push_back(FromPostgres(
+                    answer.Text(row, index), table->Identity() != nullptr ? TypeKind::BigInt : TypeKind::Varchar));
         }
         return rows;
     }

@@ -169,8 +169,8 @@ PostgresSession::PostgresSession(const std::string& connectionText)
     CheckText(connectionText);
     constexpr auto patience = std::chrono::milliseconds(9'500);
     const auto end = Clock::now() + patience;
-    const std::array<const char*, 6> names{"dbname", "client_encoding", "application_name", "keepalives_idle",
-                                           "tcp_user_timeout", nullptr};
+    const std::array<const char*, 6> names{"dbname",          "client_encoding",  "application_name",
+                                           "keepalives_idle", "tcp_user_timeout", nullptr};
     const std::array<const char*, 6> values{connectionText.c_str(), "UTF8", "Rovanta", "60", "60000", nullptr};
     PGconn* opened = PQconnectStartParams(names.data(), values.data(), 1);
     if (opened == nullptr)

@@ -1,6 +1,6 @@
+#include "store/PostgresWriter.h"
 #include "store/Conversion.h"
 #include "store/PostgresEmitter.h"
-#include "store/PostgresWriter.h"
 #include "values/Numbers.h"
 #include "values/Text.h"
 

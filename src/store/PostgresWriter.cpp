@@ -84,8 +84,7 @@ static bool MayBeNull(const Query& query, const OrderItem& item)
     const Select& select = query.members.front();
     if (query.members.size() > 1 || !select.from || select.from->kind != SourceKind::Table)
         return true;
-    const Expression& expression =
-        item.position == 0 ? *item.expression : *select.items[item.position - 1].expression;
+    const Expression& expression = item.position == 0 ? *item.expression : *select.items[item.position - 1].expression;
     return expression.source == nullptr || expression.source->column == nullptr || expression.source->column->nullable;
 }
 

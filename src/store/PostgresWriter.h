@@ -4,8 +4,8 @@
 
 namespace rovanta {
 
-/// Writes the queries and expressions of one bound statement as PostgreSQL takes them, and gathers the parameters on the
-/// way.
+/// Writes the queries and expressions of one bound statement as PostgreSQL takes them, and gathers the parameters on
+/// the way.
 class PostgresWriter {
 public:
     explicit PostgresWriter(const ParsedStatement& statement) : statement(statement) {}
