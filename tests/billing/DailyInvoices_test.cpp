@@ -86,7 +86,7 @@ TEST_CASE("The bus line's days rest on its total, the drivers' on the billed day
 TEST_CASE("A quotient that misses a whole day by a hair still counts it")
 {
     BilledItem item = TenDays();
-    SetRate(item, BilledCharge::Bus, 0.1, 0.1 * 10);
+    SetRate(item, BilledCharge::Bus, 100.18, 1001.8); // 9.999999999999998 days
     const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {});
     CHECK(invoices.back().lines[0].qty2 == 3);
 }
