@@ -8,6 +8,7 @@
 
 #include <array>
 #include <fstream>
+#include <ranges>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -30,8 +31,8 @@ public:
     ~MadeThings()
     {
         std::error_code ignored;
-        for (auto path = paths.rbegin(); path != paths.rend(); ++path)
-            fs::remove_all(*path, ignored);
+        for (const fs::path& path : paths | std::views::reverse)
+            fs::remove_all(path, ignored);
     }
 
     /// Makes a folder and those above it that are missing.
@@ -64,7 +65,7 @@ void Refuse(const fs::path& existing, const char* what)
 /// The sign-in trims both texts and puts them between apostrophes, so a user with other ones could never get in.
 std::string SignInText(const std::string& text, const char* what)
 {
-    const std::string trimmed = Trim(text);
+    std::string trimmed = Trim(text);
     if (trimmed.empty())
         throw RunTimeError(std::string("The first user needs a ") + what + ".");
     if (trimmed.find('\'') != std::string::npos)
