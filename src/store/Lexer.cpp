@@ -27,7 +27,7 @@ public:
     explicit Reader(std::string_view text) : text(text)
     {
         list.shape.reserve(text.size());
-        list.tokens.reserve(text.size() / 4 + 4);
+        list.tokens.reserve(text.size() / 3 + 8);
     }
 
     TokenList Read()

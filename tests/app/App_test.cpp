@@ -132,6 +132,22 @@ TEST_CASE("A screen is loaded once; closing it fires its unload and lets its rou
     CHECK(desk.app.Find("frmAbout") != nullptr);
 }
 
+TEST_CASE("A screen's unload may open and close other screens")
+{
+    const TestOffice office;
+    TestApp desk(office);
+    Screen& about = desk.app.Open("frmAbout");
+    about.Unload = [&] {
+        desk.app.Unload(*desk.app.Find("frmLogin"));
+        for (const char* screen : {"frmCustomerEntry", "frmCustomerEntry2", "frmCustomerNavigator", "frmBusEntry"})
+            desk.app.Open(screen);
+    };
+    desk.app.Unload(about);
+    CHECK(desk.app.Find("frmAbout") == nullptr);
+    CHECK(desk.app.Find("frmLogin") == nullptr);
+    CHECK(desk.app.Screens().size() == 5);
+}
+
 TEST_CASE("The look-ups that screens share")
 {
     const TestOffice office;
