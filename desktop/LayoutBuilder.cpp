@@ -275,7 +275,7 @@ void LayoutBuilder::PlaceField(const Node& node, QGridLayout& grid, int row)
 void LayoutBuilder::PlaceTable(const Node& node, QBoxLayout& into)
 {
     auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(Look::gap);
+    grid->setHorizontalSpacing(Look::gap - 2);
     grid->setVerticalSpacing(Look::halfGap / 2);
     into.addLayout(grid, node.weight);
     int row = 0;
