@@ -20,6 +20,8 @@ class Proxy:
         self.delay = delay
         self.turns = 0
         self.statements = []
+        # The same with the types and the values of their arguments.
+        self.commands = []
         # Asked before each statement is passed on; where it says True, the connection is cut instead.
         self.cut_before = None
         # Asked when a statement has been passed on; where it says True, its answer is withheld and the connection cut.
@@ -41,6 +43,7 @@ class Proxy:
     def restart_counting(self):
         self.turns = 0
         self.statements = []
+        self.commands = []
 
     def close(self):
         self.listener.close()
@@ -55,7 +58,9 @@ class Passage:
         self.desk = desk
         self.server = socket.socket(socket.AF_UNIX)
         self.texts = {}
+        self.types = {}
         self.bound = ""
+        self.arguments = ()
         self.mute = False
         self.rest = b""
 
@@ -115,6 +120,7 @@ class Passage:
             return False
         if kind in b"EQ":
             self.proxy.statements.append(self.bound)
+            self.proxy.commands.append((self.bound, *self.arguments))
             if self.proxy.cut_answer and self.proxy.cut_answer(self.bound):
                 self.mute = True
         if kind in b"SQ":
@@ -130,7 +136,31 @@ class Passage:
         if kind == b"P":
             name, text = body.split(b"\0")[:2]
             self.texts[name] = text.decode()
+            self.types[name] = numbers("i", body, len(name) + len(text) + 2)[0]
         elif kind == b"B":
-            self.bound = self.texts[body.split(b"\0")[1]]
+            portal, name = body.split(b"\0")[:2]
+            self.bound = self.texts[name]
+            formats, at = numbers("h", body, len(portal) + len(name) + 2)
+            self.arguments = (self.types[name], formats, values(body, at))
         elif kind == b"Q":
             self.bound = body.rstrip(b"\0").decode()
+
+
+def numbers(kind, body, at):
+    """A count and as many numbers behind it; with the place where they end."""
+    count = struct.unpack_from("!h", body, at)[0]
+    found = struct.unpack_from(f"!{count}{kind}", body, at + 2)
+    return found, at + 2 + struct.calcsize(f"!{count}{kind}")
+
+
+def values(body, at):
+    """The values of a statement's arguments; None for NULL."""
+    count = struct.unpack_from("!h", body, at)[0]
+    at += 2
+    found = []
+    for _ in range(count):
+        length = struct.unpack_from("!i", body, at)[0]
+        at += 4
+        found.append(None if length < 0 else body[at:at + length])
+        at += max(length, 0)
+    return found
