@@ -2,6 +2,8 @@
 
 #include "store/DatabaseError.h"
 #include "store/Engine.h"
+#include "store/OdbcEngine.h"
+#include "store/OdbcText.h"
 #include "store/SqliteEngine.h"
 
 namespace rovanta {
@@ -18,6 +20,10 @@ Connection::~Connection() = default;
 void Connection::Open(const std::string& connectionText)
 {
     Close();
+    if (IsOdbcText(connectionText)) {
+        engine = OpenOdbc(connectionText);
+        return;
+    }
     const std::string file = DatabaseFile(connectionText);
     if (file.empty())
         throw DatabaseError("The connection text names no database.");
