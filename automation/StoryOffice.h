@@ -5,7 +5,8 @@
 
 namespace rovanta {
 
-/// The folder with the office that a story is played in.
+/// The folder with the office that a story is played in. Where ROVANTA_TEST_SERVER holds the connection text of a server,
+/// the office's database lies there, in a file of the folder otherwise.
 class StoryOffice {
 public:
     /// Makes a fresh office: as every office is made, and then with the statements of `fixture`. It goes with the
@@ -22,6 +23,8 @@ public:
 
 private:
     std::filesystem::path folder;
+    /// Its database on the server, which goes with it; empty where there is none.
+    std::string database;
     bool goes = false;
 };
 

@@ -29,6 +29,13 @@ std::string TakeValue(std::string_view text, std::size_t& at)
     return value;
 }
 
+/// A plain value stands as it is; braces guard what else would end too early.
+std::string Pair(const std::string& key, const std::string& value)
+{
+    const bool plain = value.find_first_of(";{}[]()?*!@ ") == std::string::npos;
+    return key + "=" + (plain ? value : "{" + Replace(value, "}", "}}") + "}") + ";";
+}
+
 }
 
 bool IsOdbcText(std::string_view connectionText)
@@ -78,8 +85,17 @@ std::string OdbcText::ForDriver() const
     std::string text;
     for (const auto& [name, value] : pairs)
         if (!EqualNoCase(name, loginTimeoutKey) && !EqualNoCase(name, queryTimeoutKey))
-            text += name + "={" + Replace(value, "}", "}}") + "};";
+            text += Pair(name, value);
     return text;
+}
+
+std::string OdbcText::With(std::string_view key, const std::string& value) const
+{
+    std::string text;
+    for (const auto& [name, old] : pairs)
+        if (!EqualNoCase(name, key))
+            text += Pair(name, old);
+    return text + Pair(std::string(key), value);
 }
 
 std::string OdbcText::Server() const

@@ -23,6 +23,8 @@ public:
     int Seconds(std::string_view key, int most) const;
     /// The text for the driver: all pairs but those that are the program's own.
     std::string ForDriver() const;
+    /// The whole text with another value under that key.
+    std::string With(std::string_view key, const std::string& value) const;
     /// The server as the text names it, with its port.
     std::string Server() const;
 

@@ -9,7 +9,9 @@
 #include "store/Schema.h"
 #include "values/Text.h"
 
+#include <chrono>
 #include <fstream>
+#include <thread>
 
 namespace rovanta::tds {
 
@@ -31,16 +33,6 @@ RowSet MadeRows(const std::vector<std::pair<const char*, TypeKind>>& columns, st
     for (const auto& [name, kind] : columns)
         sources.push_back({name, {kind, kind == TypeKind::Varchar ? 128 : 0}, nullptr, nullptr});
     return {std::make_shared<ResultShape>(std::move(sources), nullptr), std::move(cells), {}};
-}
-
-/// A database's name as the statement gives it, in brackets or without.
-std::string NameAtEnd(const std::string& statement)
-{
-    const TokenList list = ReadTokens(statement);
-    for (auto token = list.tokens.rbegin(); token != list.tokens.rend(); ++token)
-        if (token->kind == TokenKind::Word || token->kind == TokenKind::Bracketed)
-            return std::string(token->text);
-    return {};
 }
 
 /// An UPDATE or DELETE, cut where the count of its rows needs it.
@@ -96,6 +88,33 @@ Value LiteralIn(const ParsedStatement& parsed, const Expression& expression, con
     const Value value = LiteralAsValue(parsed.literals[expression.literal], expression.negative);
     return Convert(value, KindOf(value), type);
 }
+
+/// Several statements of the embedded engine that are one here.
+class Together {
+public:
+    Together(Connection& connection, bool already) : connection(already ? nullptr : &connection)
+    {
+        if (this->connection != nullptr)
+            connection.Execute("BEGIN TRANSACTION");
+    }
+    ~Together()
+    {
+        if (connection != nullptr)
+            connection->Execute("ROLLBACK TRANSACTION");
+    }
+    Together(const Together&) = delete;
+    Together& operator=(const Together&) = delete;
+
+    void Keep()
+    {
+        if (connection != nullptr)
+            connection->Execute("COMMIT TRANSACTION");
+        connection = nullptr;
+    }
+
+private:
+    Connection* connection;
+};
 
 int ErrorNumber(const std::string& text)
 {
@@ -183,8 +202,11 @@ bool BatchRunner::RunOnServer(const std::string& statement)
     const bool make = StartsWithNoCase(statement, "CREATE DATABASE ");
     if (!make && !StartsWithNoCase(statement, "DROP DATABASE "))
         return false;
-    const fs::path file = FileOf(folder, NameAtEnd(statement));
-    if (make) {
+    const TokenList list = ReadTokens(statement);
+    const fs::path file = FileOf(folder, std::string(list.tokens.at(2).text));
+    if (make && list.tokens.size() > 4) {
+        CopyDatabase(std::string(list.tokens[list.tokens.size() - 2].text), file);
+    } else if (make) {
         CreateDatabaseFile(file.string());
     } else {
         for (const char* ending : {"", "-wal", "-shm"})
@@ -192,6 +214,20 @@ bool BatchRunner::RunOnServer(const std::string& statement)
         fs::remove(fs::path(file).replace_extension("version"));
     }
     return true;
+}
+
+/// Copies a database that nobody is connected to. Its last client may be leaving still; the engine's journal goes when
+/// it has gone.
+void BatchRunner::CopyDatabase(const std::string& like, const fs::path& file) const
+{
+    const fs::path source = FileOf(folder, like);
+    constexpr int patience = 1000;
+    for (int i = 0; i < patience && fs::exists(source.string() + "-wal"); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    fs::copy_file(source, file);
+    const fs::path version = fs::path(source).replace_extension("version");
+    if (fs::exists(version))
+        fs::copy_file(version, fs::path(file).replace_extension("version"));
 }
 
 BatchRunner::Outcome BatchRunner::Select(const std::string& select)
@@ -203,37 +239,6 @@ BatchRunner::Outcome BatchRunner::Select(const std::string& select)
         return {};
     }
     return {connection.GetEngine().Query(select), -1};
-}
-
-/// Whatever needs several statements of the embedded engine and is one here.
-namespace {
-
-class Together {
-public:
-    Together(Connection& connection, bool already) : connection(already ? nullptr : &connection)
-    {
-        if (this->connection != nullptr)
-            connection.Execute("BEGIN TRANSACTION");
-    }
-    ~Together()
-    {
-        if (connection != nullptr)
-            connection->Execute("ROLLBACK TRANSACTION");
-    }
-    Together(const Together&) = delete;
-    Together& operator=(const Together&) = delete;
-
-    void Keep()
-    {
-        if (connection != nullptr)
-            connection->Execute("COMMIT TRANSACTION");
-        connection = nullptr;
-    }
-
-private:
-    Connection* connection;
-};
-
 }
 
 BatchRunner::Outcome BatchRunner::Insert(const std::string& insert)

@@ -29,6 +29,7 @@ private:
 
     Outcome RunOne(const std::string& statement, const std::string& next);
     bool RunOnServer(const std::string& statement);
+    void CopyDatabase(const std::string& like, const std::filesystem::path& file) const;
     Outcome Select(const std::string& select);
     Outcome Insert(const std::string& insert);
     Outcome Change(const std::string& change);

@@ -1,10 +1,11 @@
 #include "tests/tds/Session.h"
-#include "values/Text.h"
 
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <iostream>
+#include <optional>
 #include <stdexcept>
 #include <vector>
 
@@ -21,11 +22,13 @@ using namespace rovanta;
 namespace {
 
 const char* const usage =
-    R"(Usage: tds_server --folder DIR --user NAME --password TEXT [OPTION ...] [-- COMMAND ARGUMENT ...]
+    R"(Usage: tds_server --user NAME --password TEXT [OPTION ...] [-- COMMAND ARGUMENT ...]
 
-A server on loopback that speaks TDS 7.4. Each database is a file NAME.db in DIR. Prints its port and serves until its
-standard input ends; with a command, runs it with "{port}" in its arguments filled in, and ends with it.
+A server on loopback that speaks TDS 7.4. Each database is a file NAME.db in DIR, or in a folder that goes with the
+server. Prints its port and serves until its standard input ends; with a command, runs that with the server's
+connection text in ROVANTA_TEST_SERVER, and ends with it.
 
+  --folder DIR        where the databases lie
   --silent            never answers anything
   --hang TEXT         never answers a batch that holds TEXT
   --cut TEXT COUNT    cuts the line at the batch that holds TEXT for the COUNTth time
@@ -66,8 +69,6 @@ Options ReadOptions(const std::vector<std::string>& arguments)
         } else
             throw std::runtime_error(usage);
     }
-    if (options.plan.folder.empty())
-        throw std::runtime_error(usage);
     return options;
 }
 
@@ -118,13 +119,39 @@ Listener Listen()
     }
 }
 
-int RunCommand(std::vector<std::string> command, int port)
-{
-    std::vector<char*> arguments;
-    for (std::string& word : command) {
-        word = Replace(word, "{port}", std::to_string(port));
-        arguments.push_back(word.data());
+/// A folder that goes with the object; the process that made it alone removes it.
+class PassingFolder {
+public:
+    PassingFolder()
+    {
+        std::string name = (std::filesystem::temp_directory_path() / "tds-server-XXXXXX").string();
+        path = mkdtemp(name.data());
     }
+    ~PassingFolder()
+    {
+        std::error_code ignored;
+        if (getpid() == maker)
+            std::filesystem::remove_all(path, ignored);
+    }
+    PassingFolder(const PassingFolder&) = delete;
+    PassingFolder& operator=(const PassingFolder&) = delete;
+
+    std::filesystem::path path;
+
+private:
+    pid_t maker = getpid();
+};
+
+int RunCommand(const Options& options, int port)
+{
+    const std::string server = "Driver={FreeTDS};Server=127.0.0.1;Port=" + std::to_string(port) +
+                               ";UID=" + options.plan.user + ";PWD=" + options.plan.password +
+                               ";TDS_Version=7.4;ClientCharset=UTF-8";
+    setenv("ROVANTA_TEST_SERVER", server.c_str(), 1);
+    std::vector<std::string> command = options.command;
+    std::vector<char*> arguments;
+    for (std::string& word : command)
+        arguments.push_back(word.data());
     arguments.push_back(nullptr);
     const pid_t child = fork();
     if (child == 0) {
@@ -143,7 +170,10 @@ int RunCommand(std::vector<std::string> command, int port)
 int main(int count, char** words)
 {
     try {
-        const Options options = ReadOptions({words + 1, words + count});
+        Options options = ReadOptions({words + 1, words + count});
+        std::optional<PassingFolder> passing;
+        if (options.plan.folder.empty())
+            options.plan.folder = passing.emplace().path;
         const Listener listener = Listen();
         const pid_t server = fork();
         if (server == 0) {
@@ -158,9 +188,10 @@ int main(int count, char** words)
             while (std::cin.get() != EOF) {
             }
         } else {
-            result = RunCommand(options.command, listener.port);
+            result = RunCommand(options, listener.port);
         }
         kill(-server, SIGTERM);
+        waitpid(server, nullptr, 0);
         return result;
     } catch (const std::exception& error) {
         std::cerr << error.what() << '\n';
