@@ -30,6 +30,7 @@ FORM may be left out after "on FORM".
   clock 2026-03-02 09:00:00        the time of the office
   sign in USER PASSWORD            fills the sign-in box and presses its button
   desk NAME                        goes over to another desk: one more running program in the same office
+  desk NAME beside OTHER           the same at the machine of a desk that is there
   start                            starts the program anew after it has ended
   say "..."                        a sentence for --tell
   menu COMMAND                     open FORM               close FORM             on FORM

@@ -58,7 +58,7 @@ static int EntryOf(const List& list, const Parameters& parameters)
     if (parameters.Has("index") == parameters.Has("text"))
         throw BadParameters("One of the parameters \"index\" and \"text\" must tell the entry.");
     if (parameters.Has("text")) {
-        const std::string text = parameters.Text("text");
+        const std::string text = TypedText(parameters.Get("text"), "text");
         const auto& entries = list.Entries();
         auto found = std::find(entries.begin(), entries.end(), text);
         if (found == entries.end())

@@ -125,6 +125,8 @@ void StoryPlayer::SignIn(Reader& reader)
 void StoryPlayer::GoToDesk(Reader& reader)
 {
     deskName = reader.Text("the name of a desk");
+    if (reader.Takes("beside"))
+        Current().machine = MachineOf(reader.Text("the name of another desk"));
 }
 
 void StoryPlayer::Start(Reader&)

@@ -1,6 +1,7 @@
 #include "automation/StoryPlayer.h"
 
 #include "app/Screens.h"
+#include "automation/ControlJson.h"
 #include "values/Text.h"
 
 #include <filesystem>
@@ -77,19 +78,26 @@ StoryDesk& StoryPlayer::Running()
     return Current();
 }
 
+const std::string& StoryPlayer::MachineOf(const std::string& name)
+{
+    // Each desk stands for a machine of its own, and so does each desk of a story that plays beside this one.
+    static int count = 0;
+    std::string& machine = desks[name].machine;
+    if (machine.empty())
+        machine = "story-" + std::to_string(getpid()) + "-" + std::to_string(++count);
+    return machine;
+}
+
 void StoryPlayer::StartDesk()
 {
     if (!office)
         throw StoryDifference("a step \"office NAME\" first", "none");
-    // Each desk stands for a machine of its own, and so does each story that plays beside this one.
-    static int count = 0;
-    const std::string machine = "story-" + std::to_string(getpid()) + "-" + std::to_string(++count);
     StoryDesk& at = Current();
-    at.desk = std::make_unique<Desk>(AllScreens(), AppOptions{office->ConfigPath(), machine, clock});
+    at.desk = std::make_unique<Desk>(AllScreens(), AppOptions{office->ConfigPath(), MachineOf(deskName), clock});
     at.dispatcher = std::make_unique<Dispatcher>(*at.desk);
     at.desk->Start();
     for (const ShownMessage& shown : at.desk->host.TakeMessages())
-        at.messages.push_back({{"title", shown.message.title}, {"text", shown.message.text}});
+        at.messages.push_back(ToJson(shown));
     if (at.desk->Ended())
         at.ended = at.desk->Ended()->text;
 }

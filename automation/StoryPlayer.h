@@ -19,6 +19,7 @@ namespace rovanta {
 
 /// A desk of a story, with what its last step brought and no line has asked for yet.
 struct StoryDesk {
+    std::string machine;
     std::unique_ptr<Desk> desk;
     std::unique_ptr<Dispatcher> dispatcher;
     Json result;
@@ -55,6 +56,7 @@ private:
     StoryDesk& Current() { return desks[deskName]; }
     StoryDesk& Running();
     void StartDesk();
+    const std::string& MachineOf(const std::string& name);
     std::string Filled(std::string text) const;
     void MustBeSettled() const;
 

@@ -158,9 +158,8 @@ std::optional<std::string> DesktopHost::ChooseFile(const FileQuestion& question)
     FlushWindows();
     const QString title = QString::fromStdString(question.title);
     const QString filter = FilterOf(question.filter);
-    const QString file = question.kind == FileDialogKind::Open
-                             ? QFileDialog::getOpenFileName(&main, title, {}, filter)
-                             : QFileDialog::getSaveFileName(&main, title, {}, filter);
+    const QString file = question.kind == FileDialogKind::Open ? QFileDialog::getOpenFileName(&main, title, {}, filter)
+                                                               : QFileDialog::getSaveFileName(&main, title, {}, filter);
     if (file.isEmpty())
         return std::nullopt;
     return file.toStdString();
@@ -239,7 +238,8 @@ void DesktopHost::Place(const FormWindow& window, QMdiSubWindow& frame) const
     }
     // A small box stands in the middle, a little above it.
     constexpr int lift = 40;
-    frame.move(std::max(0, (room.width() - frame.width()) / 2), std::max(0, (room.height() - lift - frame.height()) / 2));
+    frame.move(std::max(0, (room.width() - frame.width()) / 2),
+               std::max(0, (room.height() - lift - frame.height()) / 2));
 }
 
 void DesktopHost::CloseByHand(Form& form)

@@ -16,8 +16,8 @@ namespace rovanta {
 class App;
 class FormWindow;
 
-/// The desktop's half of the screens' services: message boxes, file dialogs, the wait cursor, pop-up menus, and a window
-/// inside the main window for every form.
+/// The desktop's half of the screens' services: message boxes, file dialogs, the wait cursor, pop-up menus, and a
+/// window inside the main window for every form.
 class DesktopHost : public Host {
 public:
     DesktopHost();

@@ -7,6 +7,8 @@
 
 namespace rovanta {
 
+static constexpr int leastWidth = 300;
+
 FormFrame::FormFrame(FormWindow& window, std::function<void()> closeByHand)
     : window(window), scroll(new QScrollArea), closeByHand(std::move(closeByHand))
 {
@@ -25,7 +27,7 @@ FormFrame::FormFrame(FormWindow& window, std::function<void()> closeByHand)
 
 QSize FormFrame::sizeHint() const
 {
-    const QSize content = window.sizeHint().expandedTo(window.minimumSizeHint());
+    const QSize content = window.sizeHint().expandedTo(window.minimumSizeHint()).expandedTo({leastWidth, 0});
     const int frame = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth, nullptr, this);
     const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
     return content + QSize(2 * frame, title + frame + 1);

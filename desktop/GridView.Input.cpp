@@ -77,8 +77,8 @@ void GridView::mouseMoveEvent(QMouseEvent* event)
     }
     viewport()->setCursor(EdgeAt(place) ? Qt::SplitHCursor : Qt::ArrowCursor);
     const GridCell cell = CellAt(place);
-    const bool spans = pressed.row >= grid.FixedRows() && pressed.IsSet() && cell.row >= grid.FixedRows() &&
-                       cell.row != pressed.row;
+    const bool spans =
+        pressed.row >= grid.FixedRows() && pressed.IsSet() && cell.row >= grid.FixedRows() && cell.row != pressed.row;
     if (spans && event->buttons() & Qt::LeftButton) {
         act([&] { grid.SelectRows(pressed.row, cell.row, pressed.col); });
         return;

@@ -168,8 +168,7 @@ QColor GridView::FillOf(GridCell cell) const
 void GridView::PaintCell(QPainter& painter, QRect rect, GridCell cell) const
 {
     painter.fillRect(rect, FillOf(cell));
-    painter.setPen(grid.MergeCells() == MergeMode::Free || cell.row < grid.FixedRows() ? Look::line
-                                                                                       : Look::heading);
+    painter.setPen(grid.MergeCells() == MergeMode::Free || cell.row < grid.FixedRows() ? Look::line : Look::heading);
     painter.drawLine(rect.bottomLeft(), rect.bottomRight());
     painter.drawLine(rect.topRight(), rect.bottomRight());
     const bool data = cell.row >= grid.FixedRows();

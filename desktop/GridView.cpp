@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QScrollBar>
 #include <algorithm>
+#include <limits>
 
 namespace rovanta {
 
@@ -65,14 +66,15 @@ void GridView::ListRows()
             fixedRows.push_back(row);
     }
     // Below a folded row nothing deeper is seen; `foldedAt` is the level of the outermost fold that is open.
-    std::optional<int> foldedAt;
+    constexpr int unfolded = std::numeric_limits<int>::max();
+    int foldedAt = unfolded;
     for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
         const int level = grid.RowOutlineLevel(row);
-        if (foldedAt && level <= *foldedAt)
-            foldedAt.reset();
-        if (!foldedAt && !grid.RowHidden(row))
+        if (level <= foldedAt)
+            foldedAt = unfolded;
+        if (foldedAt == unfolded && !grid.RowHidden(row))
             shownRows.push_back(row);
-        if (!foldedAt && grid.IsCollapsed(row))
+        if (foldedAt == unfolded && grid.IsCollapsed(row))
             foldedAt = level;
     }
 }

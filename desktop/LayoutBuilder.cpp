@@ -34,7 +34,7 @@ static bool IsWide(const Control& control)
 void LayoutBuilder::Build(const Node& layout)
 {
     auto* box = new QVBoxLayout(&window);
-    box->setContentsMargins(Look::margin, Look::margin, Look::margin, Look::margin);
+    box->setContentsMargins(Look::margin, Look::margin - 4, Look::margin, Look::margin - 4);
     box->setSpacing(0);
     Place(layout, *box);
     AlignFields();
@@ -103,9 +103,8 @@ bool LayoutBuilder::GrowsDown(const Node& node) const
     }
     if (node.kind == NodeKind::Stretch)
         return true;
-    return std::any_of(node.children.begin(), node.children.end(), [this](const Node& child) {
-        return child.kind != NodeKind::Stretch && GrowsDown(child);
-    });
+    return std::any_of(node.children.begin(), node.children.end(),
+                       [this](const Node& child) { return child.kind != NodeKind::Stretch && GrowsDown(child); });
 }
 
 void LayoutBuilder::Place(const Node& node, QBoxLayout& into)
@@ -220,7 +219,7 @@ void LayoutBuilder::PlaceFields(const Node& node, QBoxLayout& into)
 {
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(Look::gap + Look::halfGap);
-    grid->setVerticalSpacing(Look::halfGap + 2);
+    grid->setVerticalSpacing(Look::halfGap);
     grid->setColumnStretch(1, 1);
     into.addLayout(grid, node.weight ? node.weight : (GrowsDown(node) ? 1 : 0));
     int row = 0;
@@ -306,7 +305,8 @@ void LayoutBuilder::PlaceCell(const Node& node, QGridLayout& grid, int row, int 
             grid.addWidget(&binder.Widget(), row, col);
         if (auto* heading = grid.itemAtPosition(0, col) ? grid.itemAtPosition(0, col)->widget() : nullptr) {
             const auto* edit = qobject_cast<QLineEdit*>(&binder.Widget());
-            if (auto* label = qobject_cast<QLabel*>(heading); label && (mark || (edit && edit->alignment() & Qt::AlignRight)))
+            if (auto* label = qobject_cast<QLabel*>(heading);
+                label && (mark || (edit && edit->alignment() & Qt::AlignRight)))
                 label->setAlignment(Qt::AlignBottom | (mark ? Qt::AlignHCenter : Qt::AlignRight));
         }
         return;

@@ -1,5 +1,5 @@
-#include "desktop/Look.h"
 #include "desktop/OfficeStyle.h"
+#include "desktop/Look.h"
 
 namespace rovanta {
 
@@ -16,11 +16,11 @@ static QRect ScrollBarPart(const QStyleOptionSlider& bar, QStyle::SubControl par
     if (range > 0)
         slider = std::clamp(static_cast<int>(std::int64_t{length} * bar.pageStep / (range + bar.pageStep)),
                             std::min(length, 28), length);
-    const int start = QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition, length - slider,
-                                                      bar.upsideDown);
+    const int start =
+        QStyle::sliderPositionFromValue(bar.minimum, bar.maximum, bar.sliderPosition, length - slider, bar.upsideDown);
     const auto span = [&](int from, int to) {
-        const QRect along = across ? QRect(from, 0, to - from, bar.rect.height())
-                                   : QRect(0, from, bar.rect.width(), to - from);
+        const QRect along =
+            across ? QRect(from, 0, to - from, bar.rect.height()) : QRect(0, from, bar.rect.width(), to - from);
         return along.translated(bar.rect.topLeft());
     };
     switch (part) {

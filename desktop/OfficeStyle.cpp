@@ -39,7 +39,8 @@ static void DrawChevron(QPainter& painter, QPointF center, const QColor& color)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(color, 1.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
-    painter.drawPolyline(QPolygonF({center + QPointF(-3.5, -1.75), center + QPointF(0, 1.75), center + QPointF(3.5, -1.75)}));
+    painter.drawPolyline(
+        QPolygonF({center + QPointF(-3.5, -1.75), center + QPointF(0, 1.75), center + QPointF(3.5, -1.75)}));
     painter.restore();
 }
 
@@ -99,8 +100,8 @@ void OfficeStyle::DrawMark(PrimitiveElement element, const QStyleOption& option,
             painter.setPen(QPen(Qt::white, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
             const qreal unit = box.width() / 12;
             const QPointF at = box.topLeft();
-            painter.drawPolyline(QPolygonF({at + QPointF(2.8, 6.2) * unit, at + QPointF(5.2, 8.6) * unit,
-                                            at + QPointF(9.4, 3.6) * unit}));
+            painter.drawPolyline(QPolygonF(
+                {at + QPointF(2.8, 6.2) * unit, at + QPointF(5.2, 8.6) * unit, at + QPointF(9.4, 3.6) * unit}));
         }
     } else {
         painter.drawEllipse(box);
@@ -273,7 +274,8 @@ void OfficeStyle::DrawTitleBar(const QStyleOptionTitleBar& bar, QPainter& painte
     part(SC_TitleBarMinButton, [&](QRectF box) { painter.drawLine(box.bottomLeft(), box.bottomRight()); });
     part(SC_TitleBarNormalButton, [&](QRectF box) {
         painter.drawRect(box.adjusted(0, 2, -2, 0));
-        painter.drawPolyline(QPolygonF({box.topLeft() + QPointF(2, 0), box.topRight(), box.bottomRight() - QPointF(0, 2)}));
+        painter.drawPolyline(
+            QPolygonF({box.topLeft() + QPointF(2, 0), box.topRight(), box.bottomRight() - QPointF(0, 2)}));
     });
     painter.restore();
 }

@@ -13,7 +13,7 @@ static std::string NewPassword(const CommandLine& line)
         return *line.password;
     if (!HasTerminal())
         throw UsageError("There is no terminal to ask for the password of " + line.user + ": give --password.");
-    const std::string password = AskSecret("Password of " + line.user + ": ");
+    std::string password = AskSecret("Password of " + line.user + ": ");
     if (AskSecret("Once more: ") != password)
         throw RunTimeError("The two passwords differ.");
     return password;

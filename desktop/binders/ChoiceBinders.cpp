@@ -2,6 +2,7 @@
 
 #include "desktop/FormWindow.h"
 #include "desktop/Look.h"
+#include "desktop/binders/DateBox.h"
 
 namespace rovanta {
 
@@ -79,40 +80,30 @@ void OptionBinder::Refresh()
         radio->setText(CaptionWithKey());
 }
 
-/// Turns of the wheel scroll the form; they never change a date by accident.
-class CalmDateEdit : public QDateEdit {
-protected:
-    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
-};
-
 DateBinder::DateBinder(FormWindow& window, DatePicker& picker, const Node& node)
-    : Binder(window, picker), picker(picker), edit(new CalmDateEdit)
+    : Binder(window, picker), picker(picker), box(new DateBox)
 {
-    SetWidget(edit);
-    edit->setCalendarPopup(true);
-    edit->setDisplayFormat("M/d/yyyy");
-    edit->setDateRange(QDate(1753, 1, 1), QDate(9999, 12, 31));
-    edit->calendarWidget()->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-    edit->calendarWidget()->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
-    edit->setFixedWidth(BoxWidth(*edit, node.characters > 0 ? node.characters : 10) + 20);
-    edit->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    connect(edit, &QDateEdit::userDateChanged, this, [this](QDate date) {
-        Act([&] {
-            const DateTime old = this->picker.Value();
-            this->picker = DateTime::Of(date.year(), date.month(), date.day(), old.Hour(), old.Minute(), old.Second());
-        });
-    });
+    SetWidget(box);
+    box->setFixedWidth(BoxWidth(*box, node.characters > 0 ? node.characters : 10) + 20);
+    box->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    box->chosen = [this](DateTime date) { Act([&] { this->picker = date; }); };
 }
 
 void DateBinder::Refresh()
 {
-    edit->setReadOnly(picker.ReadOnly());
-    const DateTime value = picker.Value();
-    const QDate date(value.Year(), value.Month(), value.Day());
-    if (edit->date() == date)
+    box->lineEdit()->setReadOnly(picker.ReadOnly());
+    // What is being typed stands until it is a date.
+    if (box->hasFocus() && box->Date() == picker.Value())
         return;
-    const QSignalBlocker quiet(edit);
-    edit->setDate(date);
+    box->ShowDate(picker.Value());
+}
+
+void DateBinder::FocusChanged(bool entered)
+{
+    if (entered)
+        box->lineEdit()->selectAll();
+    else
+        box->Commit();
 }
 
 TabsBinder::TabsBinder(FormWindow& window, Tabs& tabs) : Binder(window, tabs), tabs(tabs), pages(new QTabWidget)

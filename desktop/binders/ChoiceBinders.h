@@ -4,12 +4,13 @@
 #include "forms/ChoiceControls.h"
 
 class QCheckBox;
-class QDateEdit;
 class QPushButton;
 class QRadioButton;
 class QTabWidget;
 
 namespace rovanta {
+
+class DateBox;
 
 class ButtonBinder : public Binder {
 public:
@@ -52,17 +53,17 @@ private:
     bool bare;
 };
 
-/// A date with a calendar that drops down. The time of day that a date bears stays with it.
 class DateBinder : public Binder {
 public:
     DateBinder(FormWindow& window, DatePicker& picker, const Node& node);
 
 protected:
     void Refresh() override;
+    void FocusChanged(bool entered) override;
 
 private:
     DatePicker& picker;
-    QDateEdit* edit;
+    DateBox* box;
 };
 
 /// Tabs; the layout fills the pages.

@@ -6,7 +6,7 @@
 
 namespace rovanta {
 
-static constexpr int moneyDigits = 10;
+static constexpr int moneyDigits = 11;
 static constexpr int phoneDigits = 14;
 static constexpr int leastDigits = 10;
 

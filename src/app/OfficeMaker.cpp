@@ -1,6 +1,7 @@
 #include "app/OfficeMaker.h"
 
 #include "frame/Clock.h"
+#include "store/DatabaseError.h"
 #include "store/Recordset.h"
 #include "store/Schema.h"
 #include "values/Errors.h"
@@ -8,6 +9,7 @@
 
 #include <array>
 #include <fstream>
+#include <ranges>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -30,8 +32,8 @@ public:
     ~MadeThings()
     {
         std::error_code ignored;
-        for (auto path = paths.rbegin(); path != paths.rend(); ++path)
-            fs::remove_all(*path, ignored);
+        for (const fs::path& path : paths | std::views::reverse)
+            fs::remove_all(path, ignored);
     }
 
     /// Makes a folder and those above it that are missing.
@@ -64,7 +66,7 @@ void Refuse(const fs::path& existing, const char* what)
 /// The sign-in trims both texts and puts them between apostrophes, so a user with other ones could never get in.
 std::string SignInText(const std::string& text, const char* what)
 {
-    const std::string trimmed = Trim(text);
+    std::string trimmed = Trim(text);
     if (trimmed.empty())
         throw RunTimeError(std::string("The first user needs a ") + what + ".");
     if (trimmed.find('\'') != std::string::npos)
@@ -103,7 +105,8 @@ void WriteConfigFile(const fs::path& file, const std::string& connection)
 /// A connection text to a server names no file; it is told by its signs, as the reader of the configuration tells it.
 bool IsDatabaseFile(const std::string& connection)
 {
-    return connection.find('=') == std::string::npos && connection.find("://") == std::string::npos;
+    return connection.starts_with("sqlite:") ||
+           (connection.find('=') == std::string::npos && connection.find("://") == std::string::npos);
 }
 
 void AddUser(Connection& connection, const OfficePlan& plan)
@@ -151,8 +154,9 @@ void CreateOffice(const OfficePlan& plan)
     made.File(draftPath);
     WriteConfigFile(draftPath, plan.connection.empty() ? databaseText : plan.connection);
     const Configuration configuration = ReadConfigFile(draftPath.string());
+    std::string file;
     if (IsDatabaseFile(configuration.ConnectionString)) {
-        const std::string file = DatabaseFile(configuration.ConnectionString);
+        file = DatabaseFile(configuration.ConnectionString);
         Refuse(file, "There is a database already: ");
         for (const char* companion : {"", "-wal", "-shm", "-journal"})
             made.File(file + companion);
@@ -161,7 +165,13 @@ void CreateOffice(const OfficePlan& plan)
     for (const std::string& needed :
          {configuration.BusImagePath, configuration.LeaseTemplatePath, configuration.DocumentPath})
         made.Folder(fs::path(needed).parent_path());
-    FillDatabase(plan, configuration);
+    try {
+        FillDatabase(plan, configuration);
+    } catch (const DatabaseError& error) {
+        // A connection text may hold a password; only a file's path is told.
+        throw DatabaseError("The database " + (file.empty() ? "" : file + " ") +
+                            "could not be filled: " + std::string(error.what()));
+    }
     fs::rename(draftPath, configPath);
     made.KeepAll();
 }

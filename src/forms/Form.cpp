@@ -45,12 +45,12 @@ void Form::MoveFocus(Control& control)
 {
     if (focused == &control)
         return;
-    Control* left = std::exchange(focused, &control);
-    if (left)
+    if (Control* left = std::exchange(focused, nullptr))
         left->Leave();
     // The routine of the control that was left may have brought the focus elsewhere, above all back to itself.
-    if (focused != &control)
+    if (focused)
         return;
+    focused = &control;
     control.Enter();
     if (view && focused == &control)
         view->FocusMoved(control);

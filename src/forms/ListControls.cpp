@@ -144,8 +144,10 @@ void ListBox::RemoveItem(int index)
         return;
     entries.erase(entries.begin() + index);
     selected.erase(selected.begin() + index);
-    if (listIndex >= ListCount())
+    if (index == listIndex)
         listIndex = -1;
+    else if (index < listIndex)
+        --listIndex;
     Changed();
 }
 

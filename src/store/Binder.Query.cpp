@@ -85,6 +85,7 @@ void BinderState::BindSingleSource(Source& source, Scope& scope)
     if (source.kind == SourceKind::Table) {
         const TablePointer table = FindTable(source.table);
         source.table = table->name;
+        source.columns.reserve(table->columns.size());
         for (const ColumnInfo& column : table->columns)
             source.columns.push_back({column.name, column.type, table, &column});
     } else {

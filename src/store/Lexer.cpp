@@ -27,7 +27,7 @@ public:
     explicit Reader(std::string_view text) : text(text)
     {
         list.shape.reserve(text.size());
-        list.tokens.reserve(text.size() / 4 + 4);
+        list.tokens.reserve(text.size() / 3 + 8);
     }
 
     TokenList Read()
@@ -38,7 +38,7 @@ public:
                 break;
             ReadToken();
         }
-        list.tokens.push_back({TokenKind::End, {}});
+        list.tokens.push_back({TokenKind::End, {}, Keyword::None, 0});
         return std::move(list);
     }
 
@@ -88,7 +88,7 @@ private:
 
     void Add(TokenKind kind, std::string_view piece, std::size_t length)
     {
-        list.tokens.push_back({kind, piece});
+        list.tokens.push_back({kind, piece, Keyword::None, 0});
         list.shape.append(text.substr(at, length));
         at += length;
     }
@@ -96,7 +96,7 @@ private:
     void AddLiteral(LiteralKind kind, std::string value, std::size_t length)
     {
         constexpr std::string_view marks = "\1\2\3";
-        list.tokens.push_back({TokenKind::Literal, text.substr(at, length), list.literals.size()});
+        list.tokens.push_back({TokenKind::Literal, text.substr(at, length), Keyword::None, list.literals.size()});
         list.literals.push_back({kind, std::move(value)});
         list.shape += marks[static_cast<std::size_t>(kind)];
         at += length;
@@ -107,7 +107,9 @@ private:
         std::size_t length = 1;
         while (BeginsWord(Peek(length)) || IsDigit(Peek(length)) || Peek(length) == '$' || Peek(length) == '#')
             ++length;
-        Add(TokenKind::Word, text.substr(at, length), length);
+        const std::string_view word = text.substr(at, length);
+        Add(TokenKind::Word, word, length);
+        list.tokens.back().keyword = FindKeyword(word);
     }
 
     void ReadNumber()

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "store/Keywords.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -23,6 +25,8 @@ struct Token {
     TokenKind kind;
     /// As it stands in the statement; of a [name] the name alone.
     std::string_view text;
+    /// The keyword that a word is.
+    Keyword keyword = Keyword::None;
     /// Which of the statement's literals this is.
     std::size_t literal = 0;
 };
@@ -35,8 +39,8 @@ struct TokenList {
     std::string shape;
 };
 
-/// Cuts a statement into tokens, the last of kind End or Broken. Comments of both kinds are blanks. Throws DatabaseError
-/// with the piece that belongs to no statement.
+/// Cuts a statement into tokens, the last of kind End or Broken. Comments of both kinds are blanks. Throws
+/// DatabaseError with the piece that belongs to no statement.
 TokenList ReadTokens(std::string_view text);
 
 /// The statements of a script, parted by semicolons, without comments and empty ones.

@@ -6,17 +6,17 @@ namespace rovanta {
 
 StatementTree ParserState::Create()
 {
-    if (TakeWord("TABLE"))
+    if (TakeWord(Keyword::Table))
         return CreateTable();
-    if (TakeWord("VIEW")) {
+    if (TakeWord(Keyword::View)) {
         CreateViewStatement view;
         view.view = TakeTableName();
-        ExpectWord("AS");
+        ExpectWord(Keyword::As);
         view.query = ReadQuery();
         return view;
     }
-    const bool unique = TakeWord("UNIQUE");
-    ExpectWord("INDEX");
+    const bool unique = TakeWord(Keyword::Unique);
+    ExpectWord(Keyword::Index);
     return CreateIndex(unique);
 }
 
@@ -35,12 +35,12 @@ CreateTableStatement ParserState::CreateTable()
 
 void ParserState::TableElement(CreateTableStatement& table)
 {
-    if (TakeWord("CONSTRAINT")) {
+    if (TakeWord(Keyword::Constraint)) {
         TakeName();
         PrimaryKeyConstraint(table);
         return;
     }
-    if (PeekWord("PRIMARY")) {
+    if (PeekWord(Keyword::Primary)) {
         PrimaryKeyConstraint(table);
         return;
     }
@@ -54,7 +54,7 @@ void ParserState::TableElement(CreateTableStatement& table)
 void ParserState::ColumnOptions(CreateTableStatement& table, ColumnInfo& column)
 {
     while (true) {
-        if (TakeWord("IDENTITY")) {
+        if (TakeWord(Keyword::Identity)) {
             column.identity = true;
             column.nullable = false;
             if (TakeSymbol("(")) {
@@ -66,18 +66,18 @@ void ParserState::ColumnOptions(CreateTableStatement& table, ColumnInfo& column)
                     FailAt(start);
                 ExpectSymbol(")");
             }
-        } else if (TakeWord("NOT")) {
-            ExpectWord("NULL");
+        } else if (TakeWord(Keyword::Not)) {
+            ExpectWord(Keyword::Null);
             column.nullable = false;
-        } else if (TakeWord("PRIMARY")) {
-            ExpectWord("KEY");
+        } else if (TakeWord(Keyword::Primary)) {
+            ExpectWord(Keyword::Key);
             if (!table.primaryKey.empty())
                 throw DatabaseError("Cannot add multiple PRIMARY KEY constraints to table '" + table.table + "'.");
-            if (!TakeWord("CLUSTERED"))
-                TakeWord("NONCLUSTERED");
+            if (!TakeWord(Keyword::Clustered))
+                TakeWord(Keyword::Nonclustered);
             column.nullable = false;
             table.primaryKey.push_back(column.name);
-        } else if (!TakeWord("NULL")) {
+        } else if (!TakeWord(Keyword::Null)) {
             return;
         }
     }
@@ -85,12 +85,12 @@ void ParserState::ColumnOptions(CreateTableStatement& table, ColumnInfo& column)
 
 void ParserState::PrimaryKeyConstraint(CreateTableStatement& table)
 {
-    ExpectWord("PRIMARY");
-    ExpectWord("KEY");
+    ExpectWord(Keyword::Primary);
+    ExpectWord(Keyword::Key);
     if (!table.primaryKey.empty())
         throw DatabaseError("Cannot add multiple PRIMARY KEY constraints to table '" + table.table + "'.");
-    if (!TakeWord("CLUSTERED"))
-        TakeWord("NONCLUSTERED");
+    if (!TakeWord(Keyword::Clustered))
+        TakeWord(Keyword::Nonclustered);
     table.primaryKey = KeyColumns();
     StorageOptions();
 }
@@ -98,17 +98,17 @@ void ParserState::PrimaryKeyConstraint(CreateTableStatement& table)
 /// WITH (...) and ON [PRIMARY]: how the original engine lays a table out, which means nothing to another.
 void ParserState::StorageOptions()
 {
-    if (TakeWord("WITH")) {
+    if (TakeWord(Keyword::With)) {
         ExpectSymbol("(");
         do {
             TakeName();
             ExpectSymbol("=");
-            if (!TakeWord("ON") && !TakeWord("OFF"))
+            if (!TakeWord(Keyword::On) && !TakeWord(Keyword::Off))
                 TakeFixedNumber();
         } while (TakeSymbol(","));
         ExpectSymbol(")");
     }
-    if (TakeWord("ON") && !TakeWord("PRIMARY"))
+    if (TakeWord(Keyword::On) && !TakeWord(Keyword::Primary))
         TakeName();
 }
 
@@ -117,7 +117,7 @@ CreateIndexStatement ParserState::CreateIndex(bool unique)
     CreateIndexStatement index;
     index.unique = unique;
     index.index = TakeName();
-    ExpectWord("ON");
+    ExpectWord(Keyword::On);
     index.table = TakeTableName();
     index.columns = KeyColumns();
     return index;
@@ -130,8 +130,8 @@ std::vector<std::string> ParserState::KeyColumns()
     ExpectSymbol("(");
     do {
         columns.push_back(TakeName());
-        if (!TakeWord("DESC"))
-            TakeWord("ASC");
+        if (!TakeWord(Keyword::Desc))
+            TakeWord(Keyword::Asc);
     } while (TakeSymbol(","));
     ExpectSymbol(")");
     return columns;
@@ -140,10 +140,10 @@ std::vector<std::string> ParserState::KeyColumns()
 DropStatement ParserState::Drop()
 {
     DropStatement drop;
-    if (TakeWord("VIEW"))
+    if (TakeWord(Keyword::View))
         drop.kind = TableKind::View;
     else
-        ExpectWord("TABLE");
+        ExpectWord(Keyword::Table);
     drop.name = TakeTableName();
     return drop;
 }
@@ -163,7 +163,8 @@ SqlType ParserState::Type(int lengthUntold)
     type.length = lengthUntold;
     if (!TakeSymbol("("))
         return type;
-    if (TakeWord("MAX")) {
+    if (EqualNoCase(Peek().text, "MAX")) {
+        ++at;
         type.length = 0;
     } else {
         const Token& length = Peek();

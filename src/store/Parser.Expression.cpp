@@ -56,10 +56,10 @@ ExpressionPointer ParserState::OrChain()
 {
     const Level level(*this);
     auto first = AndChain();
-    if (!PeekWord("OR"))
+    if (!PeekWord(Keyword::Or))
         return first;
     auto chain = Node(ExpressionKind::Or, std::move(first));
-    while (PeekWord("OR")) {
+    while (PeekWord(Keyword::Or)) {
         const Token& sign = Peek();
         ++at;
         chain->operands.push_back(AndChain());
@@ -72,10 +72,10 @@ ExpressionPointer ParserState::OrChain()
 ExpressionPointer ParserState::AndChain()
 {
     auto first = NotChain();
-    if (!PeekWord("AND"))
+    if (!PeekWord(Keyword::And))
         return first;
     auto chain = Node(ExpressionKind::And, std::move(first));
-    while (PeekWord("AND")) {
+    while (PeekWord(Keyword::And)) {
         const Token& sign = Peek();
         ++at;
         chain->operands.push_back(NotChain());
@@ -88,7 +88,7 @@ ExpressionPointer ParserState::AndChain()
 ExpressionPointer ParserState::NotChain()
 {
     const Level level(*this);
-    if (!PeekWord("NOT"))
+    if (!PeekWord(Keyword::Not))
         return Predicate();
     const Token& sign = Peek();
     ++at;
@@ -114,17 +114,17 @@ ExpressionPointer ParserState::Predicate()
     }
     if (left->IsCondition())
         return left;
-    if (TakeWord("IS")) {
+    if (TakeWord(Keyword::Is)) {
         auto test = Node(ExpressionKind::IsNull, std::move(left));
-        test->negated = TakeWord("NOT");
-        ExpectWord("NULL");
+        test->negated = TakeWord(Keyword::Not);
+        ExpectWord(Keyword::Null);
         return test;
     }
-    const bool negated = PeekWord("NOT") && (PeekWord("IN", 1) || PeekWord("LIKE", 1));
+    const bool negated = PeekWord(Keyword::Not) && (PeekWord(Keyword::In, 1) || PeekWord(Keyword::Like, 1));
     at += negated ? 1 : 0;
-    if (TakeWord("IN"))
+    if (TakeWord(Keyword::In))
         return InPredicate(std::move(left), negated);
-    if (TakeWord("LIKE")) {
+    if (TakeWord(Keyword::Like)) {
         auto like = Node(ExpressionKind::Like, std::move(left), ValueExpression());
         like->negated = negated;
         return like;
@@ -136,7 +136,7 @@ ExpressionPointer ParserState::InPredicate(ExpressionPointer left, bool negated)
 {
     ExpectSymbol("(");
     ExpressionPointer in;
-    if (PeekWord("SELECT")) {
+    if (PeekWord(Keyword::Select)) {
         in = Node(ExpressionKind::InQuery, std::move(left));
         in->query = ReadQuery();
     } else {
@@ -211,7 +211,7 @@ ExpressionPointer ParserState::Primary()
         return LiteralValue();
     if (PeekSymbol("("))
         return Brackets();
-    if (TakeWord("NULL"))
+    if (TakeWord(Keyword::Null))
         return Node(ExpressionKind::Null);
     return ColumnOrFunction();
 }
@@ -221,7 +221,7 @@ ExpressionPointer ParserState::Brackets()
     const Level level(*this);
     ExpectSymbol("(");
     ExpressionPointer inner;
-    if (PeekWord("SELECT")) {
+    if (PeekWord(Keyword::Select)) {
         inner = Node(ExpressionKind::Subquery);
         inner->query = ReadQuery();
     } else {
@@ -307,7 +307,7 @@ ExpressionPointer ParserState::Aggregate(AggregateKind kind)
         ExpectSymbol(")");
         return node;
     }
-    node->distinct = TakeWord("DISTINCT");
+    node->distinct = TakeWord(Keyword::Distinct);
     node->operands.push_back(ValueExpression());
     ExpectSymbol(")");
     return node;
@@ -316,7 +316,7 @@ ExpressionPointer ParserState::Aggregate(AggregateKind kind)
 ExpressionPointer ParserState::CastFunction()
 {
     auto node = Node(ExpressionKind::Cast, ValueExpression());
-    ExpectWord("AS");
+    ExpectWord(Keyword::As);
     constexpr int lengthUntold = 30;
     node->type = Type(lengthUntold);
     ExpectSymbol(")");

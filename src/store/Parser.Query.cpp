@@ -7,17 +7,17 @@ std::unique_ptr<Query> ParserState::ReadQuery()
     const Level level(*this);
     auto query = std::make_unique<Query>();
     query->members.push_back(QueryMember());
-    while (PeekWord("UNION")) {
+    while (PeekWord(Keyword::Union)) {
         const Token& sign = Peek();
         ++at;
-        const bool all = TakeWord("ALL");
+        const bool all = TakeWord(Keyword::All);
         if (query->members.size() > 1 && all != query->unionAll)
             FailAt(sign);
         query->unionAll = all;
         query->members.push_back(QueryMember());
     }
-    if (TakeWord("ORDER")) {
-        ExpectWord("BY");
+    if (TakeWord(Keyword::Order)) {
+        ExpectWord(Keyword::By);
         query->orderBy = OrderBy();
     }
     return query;
@@ -37,9 +37,9 @@ Select ParserState::QueryMember()
 Select ParserState::SelectCore()
 {
     Select select;
-    ExpectWord("SELECT");
-    select.distinct = TakeWord("DISTINCT");
-    if (TakeWord("TOP")) {
+    ExpectWord(Keyword::Select);
+    select.distinct = TakeWord(Keyword::Distinct);
+    if (TakeWord(Keyword::Top)) {
         const Token& count = Peek();
         if (count.kind != TokenKind::Literal || list.literals[count.literal].kind != LiteralKind::Whole)
             FailHere();
@@ -49,19 +49,19 @@ Select ParserState::SelectCore()
     do {
         select.items.push_back(Item());
     } while (TakeSymbol(","));
-    if (TakeWord("INTO"))
+    if (TakeWord(Keyword::Into))
         select.into = TakeTableName();
-    if (TakeWord("FROM"))
+    if (TakeWord(Keyword::From))
         select.from = From();
-    if (TakeWord("WHERE"))
+    if (TakeWord(Keyword::Where))
         select.where = Condition();
-    if (TakeWord("GROUP")) {
-        ExpectWord("BY");
+    if (TakeWord(Keyword::Group)) {
+        ExpectWord(Keyword::By);
         do {
             select.groupBy.push_back(ValueExpression());
         } while (TakeSymbol(","));
     }
-    if (TakeWord("HAVING"))
+    if (TakeWord(Keyword::Having))
         select.having = Condition();
     return select;
 }
@@ -89,7 +89,7 @@ SelectItem ParserState::Item()
 
 std::string ParserState::OptionalAlias()
 {
-    if (TakeWord("AS") || PeekName())
+    if (TakeWord(Keyword::As) || PeekName())
         return TakeName();
     return {};
 }
@@ -111,21 +111,21 @@ std::unique_ptr<Source> ParserState::JoinedSources()
 {
     const Level level(*this);
     auto source = SourceItem();
-    while (PeekWord("JOIN") || PeekWord("INNER") || PeekWord("LEFT") || PeekWord("CROSS")) {
+    while (PeekWord(Keyword::Join) || PeekWord(Keyword::Inner) || PeekWord(Keyword::Left) || PeekWord(Keyword::Cross)) {
         auto join = std::make_unique<Source>(SourceKind::Join);
-        if (TakeWord("LEFT")) {
+        if (TakeWord(Keyword::Left)) {
             join->join = JoinKind::Left;
-            TakeWord("OUTER");
-        } else if (TakeWord("CROSS")) {
+            TakeWord(Keyword::Outer);
+        } else if (TakeWord(Keyword::Cross)) {
             join->join = JoinKind::Cross;
         } else {
-            TakeWord("INNER");
+            TakeWord(Keyword::Inner);
         }
-        ExpectWord("JOIN");
+        ExpectWord(Keyword::Join);
         join->left = std::move(source);
         join->right = SourceItem();
         if (join->join != JoinKind::Cross) {
-            ExpectWord("ON");
+            ExpectWord(Keyword::On);
             join->condition = Condition();
         }
         source = std::move(join);
@@ -137,7 +137,7 @@ std::unique_ptr<Source> ParserState::SourceItem()
 {
     const Level level(*this);
     if (TakeSymbol("(")) {
-        if (!PeekWord("SELECT")) {
+        if (!PeekWord(Keyword::Select)) {
             auto joined = JoinedSources();
             ExpectSymbol(")");
             return joined;
@@ -145,7 +145,7 @@ std::unique_ptr<Source> ParserState::SourceItem()
         auto source = std::make_unique<Source>(SourceKind::Query);
         source->query = ReadQuery();
         ExpectSymbol(")");
-        TakeWord("AS");
+        TakeWord(Keyword::As);
         source->alias = TakeName();
         return source;
     }
@@ -163,9 +163,9 @@ std::vector<OrderItem> ParserState::OrderBy()
     do {
         OrderItem item;
         item.expression = ValueExpression();
-        item.descending = TakeWord("DESC");
+        item.descending = TakeWord(Keyword::Desc);
         if (!item.descending)
-            TakeWord("ASC");
+            TakeWord(Keyword::Asc);
         order.push_back(std::move(item));
     } while (TakeSymbol(","));
     return order;

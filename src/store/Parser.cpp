@@ -5,29 +5,9 @@
 #include "values/Text.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 
 namespace rovanta {
-
-namespace {
-
-/// The words that never stand for a name without brackets.
-constexpr std::array<std::string_view, 51> reservedWords{
-    "ALL",        "AND",    "AS",    "ASC",     "BEGIN",  "BETWEEN",  "BY",    "CASE",  "COMMIT",
-    "CONSTRAINT", "CREATE", "CROSS", "DELETE",  "DESC",   "DISTINCT", "DROP",  "ELSE",  "END",
-    "EXISTS",     "FROM",   "FULL",  "GROUP",   "HAVING", "IN",       "INDEX", "INNER", "INSERT",
-    "INTO",       "IS",     "JOIN",  "KEY",     "LEFT",   "LIKE",     "NOT",   "NULL",  "ON",
-    "OR",         "ORDER",  "OUTER", "PRIMARY", "RIGHT",  "SELECT",   "SET",   "TABLE", "TOP",
-    "UNION",      "UPDATE", "USER",  "VALUES",  "VIEW",   "WHERE"};
-
-bool IsReserved(std::string_view word)
-{
-    return std::any_of(reservedWords.begin(), reservedWords.end(),
-                       [word](std::string_view reserved) { return EqualNoCase(reserved, word); });
-}
-
-}
 
 ParserState::Level::Level(ParserState& parser) : parser(parser)
 {
@@ -44,10 +24,9 @@ const Token& ParserState::Peek(std::size_t ahead) const
     return list.tokens[std::min(at + ahead, list.tokens.size() - 1)];
 }
 
-bool ParserState::PeekWord(std::string_view word, std::size_t ahead) const
+bool ParserState::PeekWord(Keyword word, std::size_t ahead) const
 {
-    const Token& token = Peek(ahead);
-    return token.kind == TokenKind::Word && EqualNoCase(token.text, word);
+    return Peek(ahead).keyword == word;
 }
 
 bool ParserState::PeekSymbol(std::string_view symbol, std::size_t ahead) const
@@ -56,7 +35,7 @@ bool ParserState::PeekSymbol(std::string_view symbol, std::size_t ahead) const
     return token.kind == TokenKind::Symbol && token.text == symbol;
 }
 
-bool ParserState::TakeWord(std::string_view word)
+bool ParserState::TakeWord(Keyword word)
 {
     const bool found = PeekWord(word);
     at += found ? 1 : 0;
@@ -70,7 +49,7 @@ bool ParserState::TakeSymbol(std::string_view symbol)
     return found;
 }
 
-void ParserState::ExpectWord(std::string_view word)
+void ParserState::ExpectWord(Keyword word)
 {
     if (!TakeWord(word))
         FailHere();
@@ -85,7 +64,7 @@ void ParserState::ExpectSymbol(std::string_view symbol)
 bool ParserState::PeekName(std::size_t ahead) const
 {
     const Token& token = Peek(ahead);
-    return token.kind == TokenKind::Bracketed || (token.kind == TokenKind::Word && !IsReserved(token.text));
+    return token.kind == TokenKind::Bracketed || (token.kind == TokenKind::Word && token.keyword == Keyword::None);
 }
 
 std::string ParserState::TakeName()
@@ -148,25 +127,25 @@ ParsedStatement ParserState::Statement()
 
 StatementTree ParserState::AnyStatement()
 {
-    if (PeekWord("SELECT") || PeekSymbol("("))
+    if (PeekWord(Keyword::Select) || PeekSymbol("("))
         return ReadQuery();
-    if (TakeWord("INSERT"))
+    if (TakeWord(Keyword::Insert))
         return Insert();
-    if (TakeWord("UPDATE"))
+    if (TakeWord(Keyword::Update))
         return Update();
-    if (TakeWord("DELETE"))
+    if (TakeWord(Keyword::Delete))
         return Delete();
-    if (TakeWord("CREATE"))
+    if (TakeWord(Keyword::Create))
         return Create();
-    if (TakeWord("DROP"))
+    if (TakeWord(Keyword::Drop))
         return Drop();
-    if (TakeWord("SET"))
+    if (TakeWord(Keyword::Set))
         return IdentityInsert();
-    if (TakeWord("BEGIN"))
+    if (TakeWord(Keyword::Begin))
         return Transaction(TransactionStep::Begin);
-    if (TakeWord("COMMIT"))
+    if (TakeWord(Keyword::Commit))
         return Transaction(TransactionStep::Commit);
-    if (TakeWord("ROLLBACK"))
+    if (TakeWord(Keyword::Rollback))
         return Transaction(TransactionStep::Rollback);
     FailHere();
 }
@@ -174,15 +153,15 @@ StatementTree ParserState::AnyStatement()
 InsertStatement ParserState::Insert()
 {
     InsertStatement insert;
-    TakeWord("INTO");
+    TakeWord(Keyword::Into);
     insert.table = TakeTableName();
-    if (PeekSymbol("(") && !PeekWord("SELECT", 1) && !PeekSymbol("(", 1)) {
+    if (PeekSymbol("(") && !PeekWord(Keyword::Select, 1) && !PeekSymbol("(", 1)) {
         ExpectSymbol("(");
         insert.columns = NameList();
         ExpectSymbol(")");
     }
-    if (!TakeWord("VALUES")) {
-        if (!PeekWord("SELECT") && !PeekSymbol("("))
+    if (!TakeWord(Keyword::Values)) {
+        if (!PeekWord(Keyword::Select) && !PeekSymbol("("))
             FailHere();
         insert.query = ReadQuery();
         return insert;
@@ -202,7 +181,7 @@ UpdateStatement ParserState::Update()
 {
     UpdateStatement update;
     update.table = TakeTableName();
-    ExpectWord("SET");
+    ExpectWord(Keyword::Set);
     do {
         Assignment assignment;
         assignment.column = TakeName();
@@ -210,7 +189,7 @@ UpdateStatement ParserState::Update()
         assignment.value = ValueExpression();
         update.assignments.push_back(std::move(assignment));
     } while (TakeSymbol(","));
-    if (TakeWord("WHERE"))
+    if (TakeWord(Keyword::Where))
         update.where = Condition();
     return update;
 }
@@ -218,9 +197,9 @@ UpdateStatement ParserState::Update()
 DeleteStatement ParserState::Delete()
 {
     DeleteStatement deletion;
-    TakeWord("FROM");
+    TakeWord(Keyword::From);
     deletion.table = TakeTableName();
-    if (TakeWord("WHERE"))
+    if (TakeWord(Keyword::Where))
         deletion.where = Condition();
     return deletion;
 }
@@ -228,18 +207,18 @@ DeleteStatement ParserState::Delete()
 IdentityInsertStatement ParserState::IdentityInsert()
 {
     IdentityInsertStatement setting;
-    ExpectWord("IDENTITY_INSERT");
+    ExpectWord(Keyword::IdentityInsert);
     setting.table = TakeTableName();
-    setting.on = TakeWord("ON");
+    setting.on = TakeWord(Keyword::On);
     if (!setting.on)
-        ExpectWord("OFF");
+        ExpectWord(Keyword::Off);
     return setting;
 }
 
 TransactionStatement ParserState::Transaction(TransactionStep step)
 {
-    if (!TakeWord("TRANSACTION"))
-        ExpectWord("TRAN");
+    if (!TakeWord(Keyword::Transaction))
+        ExpectWord(Keyword::Tran);
     return {step};
 }
 

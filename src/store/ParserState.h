@@ -28,11 +28,11 @@ private:
 
     // Tokens
     const Token& Peek(std::size_t ahead = 0) const;
-    bool PeekWord(std::string_view word, std::size_t ahead = 0) const;
+    bool PeekWord(Keyword word, std::size_t ahead = 0) const;
     bool PeekSymbol(std::string_view symbol, std::size_t ahead = 0) const;
-    bool TakeWord(std::string_view word);
+    bool TakeWord(Keyword word);
     bool TakeSymbol(std::string_view symbol);
-    void ExpectWord(std::string_view word);
+    void ExpectWord(Keyword word);
     void ExpectSymbol(std::string_view symbol);
     /// The name of a table, column or the like.
     std::string TakeName();

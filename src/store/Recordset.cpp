@@ -184,7 +184,7 @@ const std::string& Field::Name() const
     return owner.rows->set.shape->Names()[column];
 }
 
-void Field::operator=(rovanta::Value value)
+void Field::operator=(const rovanta::Value& value)
 {
     Recordset::Rows& rows = *owner.rows;
     rows.NeedRow();

@@ -33,7 +33,7 @@ public:
 
     /// Writes into the current row's buffer; `Update` carries it to the table. The value is converted to the column's
     /// type at once, and throws the database's conversion error when it cannot be.
-    void operator=(rovanta::Value value);
+    void operator=(const rovanta::Value& value);
 
 private:
     friend class Recordset;

@@ -5,6 +5,7 @@
 #include "store/Schema.h"
 #include "store/SqliteEmitter.h"
 #include "store/SqliteFunctions.h"
+#include "store/SqliteTexts.h"
 #include "store/TextRules.h"
 #include "store/Translator.h"
 #include "values/Text.h"
@@ -28,29 +29,9 @@ struct FinalizeStatement {
 using DatabasePointer = std::unique_ptr<sqlite3, CloseDatabase>;
 using StatementPointer = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
-/// "table 'Bus'" out of "NOT NULL constraint failed: Bus.Name", and the like.
-std::string BehindColon(const std::string& text)
-{
-    const auto colon = text.find(": ");
-    return colon == std::string::npos ? text : text.substr(colon + 2);
-}
-
 DatabaseError LastError(sqlite3* database)
 {
-    const std::string text = sqlite3_errmsg(database);
-    const int code = sqlite3_extended_errcode(database);
-    if (code == SQLITE_CONSTRAINT_NOTNULL) {
-        const std::string place = BehindColon(text);
-        const auto point = place.find('.');
-        return DatabaseError("Cannot insert the value NULL into column '" + place.substr(point + 1) + "', table '" +
-                             place.substr(0, point) + "'; column does not allow nulls.");
-    }
-    if ((code & 0xFF) == SQLITE_CONSTRAINT) {
-        const std::string place = BehindColon(text);
-        return DatabaseError("Violation of PRIMARY KEY constraint. Cannot insert duplicate key in object '" +
-                             place.substr(0, place.find('.')) + "'.");
-    }
-    return DatabaseError(text);
+    return DatabaseError(ErrorTextOfDialect(sqlite3_errmsg(database)));
 }
 
 int Collate(void*, int leftLength, const void* left, int rightLength, const void* right)
@@ -213,14 +194,7 @@ public:
 
     InsertedRow Insert(const TableInfo& table, const std::vector<ColumnValue>& values) override
     {
-        std::string text = "INSERT INTO " + SqliteName(table.name);
-        std::string marks;
-        for (const ColumnValue& value : values) {
-            text += (marks.empty() ? " (" : ", ") + SqliteName(value.column->name);
-            marks += marks.empty() ? "?" : ", ?";
-        }
-        text += values.empty() ? " DEFAULT VALUES" : ") VALUES (" + marks + ")";
-        sqlite3_stmt* statement = Prepared(text);
+        sqlite3_stmt* statement = Prepared(InsertRowText(table, values));
         const Use use(statement);
         BindAll(statement, 1, values);
         StepToEnd(statement);
@@ -231,10 +205,7 @@ public:
     bool Update(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& changes,
                 const std::vector<ColumnValue>& read) override
     {
-        std::string text = "UPDATE " + SqliteName(table.name);
-        for (std::size_t i = 0; i < changes.size(); ++i)
-            text += (i == 0 ? " SET " : ", ") + SqliteName(changes[i].column->name) + " = ?";
-        sqlite3_stmt* statement = Prepared(text + RowCondition(read));
+        sqlite3_stmt* statement = Prepared(UpdateRowText(table, changes, read));
         const Use use(statement);
         const int next = BindAll(statement, 1, changes);
         BindValue(statement, next, rowKey);
@@ -245,7 +216,7 @@ public:
 
     bool Delete(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& read) override
     {
-        sqlite3_stmt* statement = Prepared("DELETE FROM " + SqliteName(table.name) + RowCondition(read));
+        sqlite3_stmt* statement = Prepared(DeleteRowText(table, read));
         const Use use(statement);
         BindValue(statement, 1, rowKey);
         BindAll(statement, 2, read);
@@ -378,14 +349,6 @@ private:
         for (const ColumnValue& value : values)
             BindValue(statement, index++, *value.value);
         return index;
-    }
-
-    static std::string RowCondition(const std::vector<ColumnValue>& read)
-    {
-        std::string text = " WHERE rowid = ?";
-        for (const ColumnValue& value : read)
-            text += " AND " + SqliteName(value.column->name) + " IS ?";
-        return text;
     }
 
     void StepToEnd(sqlite3_stmt* statement)

@@ -24,11 +24,12 @@ std::string SqliteWriter::Members(const Query& query, ColumnNames names, const s
         if (!text.empty())
             text += query.unionAll ? " UNION ALL " : " UNION ";
         const bool compared = member.distinct || (!single && !query.unionAll);
-        std::string select = SelectText(member, compared, names, rowKey);
         // A member of a UNION cannot bear a LIMIT by itself.
-        if (!single && member.top)
-            select = "SELECT * FROM (" + select + LimitText(*member.top) + ")";
-        text += select;
+        const bool wrapped = !single && member.top;
+        text += wrapped ? "SELECT * FROM (" : "";
+        text += SelectText(member, compared, names, rowKey);
+        if (wrapped)
+            text += LimitText(*member.top) + ")";
     }
     text += OrderText(query);
     if (single && query.members.front().top)

@@ -1,6 +1,8 @@
 #include <doctest/doctest.h>
 
 #include "frame/SecondCopyGuard.h"
+#include "store/Engine.h"
+#include "store/Schema.h"
 #include "support/TestApp.h"
 #include "values/Text.h"
 
@@ -156,6 +158,19 @@ TEST_CASE("A start without its database fails and makes none")
     CHECK_FALSE(std::filesystem::exists(office.folder.File("rovanta.db")));
     WriteContent(office.folder.File("rovanta.db"), "This is no database, only a text that lies in its place.");
     CHECK(FailureText(Run(OptionsFor(office))).find("rovanta.db") != std::string::npos);
+}
+
+TEST_CASE("A start with a database of another version fails and tells both versions")
+{
+    const TestOffice office;
+    {
+        Connection connection;
+        connection.Open(ReadConfigFile(office.ConfigPath()).ConnectionString);
+        connection.GetEngine().SetSchemaVersion(99);
+    }
+    const std::string text = FailureText(Run(OptionsFor(office)));
+    CHECK(text.find("99") != std::string::npos);
+    CHECK(text.find("version " + std::to_string(schemaVersion)) != std::string::npos);
 }
 
 TEST_CASE("A start with a company row that misses a value fails and names the column")

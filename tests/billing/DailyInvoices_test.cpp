@@ -86,7 +86,7 @@ TEST_CASE("The bus line's days rest on its total, the drivers' on the billed day
 TEST_CASE("A quotient that misses a whole day by a hair still counts it")
 {
     BilledItem item = TenDays();
-    SetRate(item, BilledCharge::Bus, 0.1, 0.1 * 10);
+    SetRate(item, BilledCharge::Bus, 100.18, 1001.8); // 9.999999999999998 days
     const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026"), {item}, {});
     CHECK(invoices.back().lines[0].qty2 == 3);
 }
@@ -272,6 +272,64 @@ TEST_CASE("Each charge asks its own taxable flag")
         for (std::size_t i = 0; i < flags.size(); ++i)
             CHECK(invoices[0].lines[i].taxable == (flags[i] == static_cast<Taxable::Index>(flag)));
     }
+}
+
+TEST_CASE("Each line bears its own words, account and order, item after item")
+{
+    BilledItem item = WithLumps();
+    item.driverName = "Lee Marsh";
+    item.addDriverName = "Kim Doyle";
+    SetRate(item, BilledCharge::Driver, 250, 2500);
+    SetRate(item, BilledCharge::AddDriver, 200, 2000);
+    SetRate(item, BilledCharge::Fuel, 1, 600);
+    SetRate(item, BilledCharge::Engine, 1, 60);
+    BilledItem second = TenDays();
+    second.busName = "Blue Comet";
+    const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/8/2026"), {item, second}, {});
+    REQUIRE(invoices.size() == 1);
+    struct Case {
+        const char* description;
+        const char* other;
+        const char* acct;
+        int orderField;
+        double extended;
+    };
+    const std::vector<Case> cases = {
+        {"Silver Arrow (3/2/2026 - 3/8/2026)", "Silver Arrow", "Truck and Trailer Lease", 1, 6300},
+        {"Lee Marsh (3/2/2026 - 3/8/2026)", "Silver Arrow - Lee Marsh", "Hotel Buyout", 4, 1750},
+        {"Kim Doyle (3/2/2026 - 3/8/2026)", "Silver Arrow - Kim Doyle", "Hotel Buyout", 5, 1400},
+        {"1/1 of Fuel", "Silver Arrow - Fuel", "Fuel Surcharge.", 14, 600},
+        {"1/1 of Engine Service", "Silver Arrow - Fuel Surcharge", "Fuel Surcharge.", 15, 60},
+        {"1/1 of Hotel Buy Out", "Silver Arrow - Hotel Buy Out", "Hotel Buyout", 9, 240},
+        {"1/1 of Other - (Flights) (Silver Arrow)", "Silver Arrow - Other", "Other", 16, 100},
+        {"1/1 of Permits/Tolls/Parking", "Silver Arrow - Permits/Tolls/Parking", "Tolls", 18, 85.25},
+        {"1/1 of Overdrives - (Night drives) (Silver Arrow)", "Silver Arrow - Gratuities", "Gratuities", 19, 50},
+        {"1/1 of Other - (Wrap) (Silver Arrow)", "Silver Arrow - Other", "Other", 20, 40},
+        {"1/1 of Other - (Second driver) (Silver Arrow)", "Silver Arrow - Other", "Other", 21, 30},
+        {"Blue Comet (3/2/2026 - 3/8/2026)", "Blue Comet", "Truck and Trailer Lease", 1, 6300},
+    };
+    const auto& lines = invoices[0].lines;
+    REQUIRE(lines.size() == cases.size());
+    for (std::size_t i = 0; i < cases.size(); ++i) {
+        CHECK(lines[i].description == cases[i].description);
+        CHECK(lines[i].other == cases[i].other);
+        CHECK(lines[i].acct == cases[i].acct);
+        CHECK(lines[i].orderField == cases[i].orderField);
+        CHECK(lines[i].Extended() == cases[i].extended);
+        CHECK(lines[i].qty1 == 1);
+        CHECK(lines[i].uom == (i < 3 || i == 11 ? "Days" : "Each"));
+        CHECK(lines[i].busType.empty() == (i != 0 && i != 11));
+    }
+}
+
+TEST_CASE("Bills of another length than a week fall due by that length")
+{
+    const auto invoices = PlanDailyInvoices(Weekly("3/2/2026", "3/11/2026", 4), {TenDays()}, {});
+    REQUIRE(invoices.size() == 3);
+    CHECK(ToText(invoices[0].due) == "2/26/2026");
+    CHECK(ToText(invoices[2].due) == "3/6/2026");
+    CHECK(ToText(invoices[2].periodEnd) == "3/13/2026");
+    CHECK(invoices[2].lines[0].qty2 == 2);
 }
 
 TEST_CASE("Overlapping days count both ends and are zero where the spans do not touch")

@@ -1,8 +1,11 @@
 #include "billing/MonthlyInvoices.h"
 
 #include "tests/billing/Invoices_fixture.h"
+#include "values/Numbers.h"
 
 #include <doctest/doctest.h>
+
+#include <iterator>
 
 using namespace rovanta;
 
@@ -90,4 +93,59 @@ TEST_CASE("Nobody but the contract's payer is billed by the month")
     BilledItem item = MonthlyItem("2/10/2026", "2/28/2026");
     item[BilledCharge::Bus].byContract = false;
     CHECK(PlanMonthlyInvoices(Months("2/10/2026", "2/28/2026", "2/10/2026"), {item}, {}).empty());
+}
+
+TEST_CASE("Each monthly line bears its own words, account, order and taxable flag")
+{
+    BilledItem item = MonthlyItem("3/1/2026", "3/31/2026");
+    SetRate(item, BilledCharge::DOT, 100, 0);
+    SetRate(item, BilledCharge::Satellite, 200, 0);
+    SetRate(item, BilledCharge::Internet, 300, 0);
+    struct Case {
+        const char* other;
+        const char* acct;
+        int orderField;
+        Taxable::Index taxable;
+        double extended;
+    };
+    const Case cases[] = {{"Silver Arrow", "Truck and Trailer Lease", 1, Taxable::Bus, 30000},
+                          {"Silver Arrow - DOT/IFTA Fees", "DOT Fee", 5, Taxable::DOT, 100},
+                          {"Silver Arrow - Satellite/Internet", "Satellite", 6, Taxable::Satellite, 200},
+                          {"Silver Arrow - Driver Services", "Driver Services", 7, Taxable::Internet, 300}};
+    for (std::size_t flag = 0; flag < Taxable::Count; ++flag) {
+        TaxRules rules;
+        rules.taxRate = 10;
+        rules.taxable[flag] = true;
+        const auto invoices = PlanMonthlyInvoices(Months("3/1/2026", "3/31/2026", "3/1/2026"), {item}, rules);
+        REQUIRE(invoices.size() == 1);
+        REQUIRE(invoices[0].lines.size() == std::size(cases));
+        for (std::size_t i = 0; i < std::size(cases); ++i) {
+            const InvoiceLine& line = invoices[0].lines[i];
+            CHECK(line.other == cases[i].other);
+            CHECK(line.acct == cases[i].acct);
+            CHECK(line.orderField == cases[i].orderField);
+            CHECK(line.Extended() == cases[i].extended);
+            CHECK(line.taxable == (cases[i].taxable == static_cast<Taxable::Index>(flag)));
+            CHECK(line.busType.empty() == (i != 0));
+        }
+    }
+}
+
+TEST_CASE("The months of a span are the calendar months that it touches")
+{
+    CHECK(MonthlyPeriods(Months("2/10/2026", "4/5/2026", "2/10/2026")) == 3);
+    CHECK(MonthlyPeriods(Months("1/31/2026", "2/1/2026", "1/31/2026")) == 2);
+    CHECK(MonthlyPeriods(Months("3/1/2026", "3/31/2026", "3/1/2026")) == 1);
+    CHECK(MonthlyPeriods(Months("12/1/2025", "1/31/2026", "12/1/2025")) == 2);
+    CHECK(PlanMonthlyInvoices(Months("4/1/2026", "2/28/2026", "4/1/2026"), {MonthlyItem("2/1/2026", "4/30/2026")}, {})
+              .empty());
+}
+
+TEST_CASE("A rounded quantity may differ from a fee of the same rate in its last cents")
+{
+    BilledItem item = MonthlyItem("2/10/2026", "2/28/2026");
+    SetRate(item, BilledCharge::DOT, 30000, 0);
+    const auto invoices = PlanMonthlyInvoices(Months("2/10/2026", "2/28/2026", "2/10/2026"), {item}, {});
+    CHECK(Round(invoices[0].lines[0].Extended(), 2) == 20357.1);
+    CHECK(Round(invoices[0].lines[1].Extended(), 2) == 20357.14);
 }

@@ -1,8 +1,9 @@
 #include "tests/desktop/Sight.h"
 
+#include "desktop/binders/DateBox.h"
+
 #include <QAbstractScrollArea>
 #include <QComboBox>
-#include <QDateEdit>
 #include <QDir>
 #include <QGroupBox>
 #include <QLabel>
@@ -41,7 +42,8 @@ static void LookForClipping(const QWidget& widget, QStringList& flaws)
     const QSize need = widget.sizeHint();
     const bool short_ = widget.height() < need.height();
     const auto tell = [&](const QString& what) {
-        flaws += QString("%1 is clipped: %2 (has %3x%4)").arg(NameOf(widget), what).arg(widget.width()).arg(widget.height());
+        flaws +=
+            QString("%1 is clipped: %2 (has %3x%4)").arg(NameOf(widget), what).arg(widget.width()).arg(widget.height());
     };
     if (widget.inherits("QLabel") || widget.inherits("QAbstractButton")) {
         if (widget.width() < need.width() || short_)
@@ -53,7 +55,7 @@ static void LookForClipping(const QWidget& widget, QStringList& flaws)
     } else if (widget.inherits("QComboBox") || widget.inherits("QAbstractSpinBox")) {
         if (short_)
             tell(QString("needs the height %1").arg(need.height()));
-        const auto* date = qobject_cast<const QDateEdit*>(&widget);
+        const auto* date = dynamic_cast<const DateBox*>(&widget);
         if (date && date->width() < date->fontMetrics().horizontalAdvance("12/30/2026") + 32)
             tell("a date does not fit");
     } else if (const auto* bar = qobject_cast<const QTabBar*>(&widget)) {
@@ -79,7 +81,9 @@ static void LookAtChildren(const QWidget& parent, QStringList& flaws)
             flaws += NameOf(*shown[at]) + " stands outside " + NameOf(parent);
         for (qsizetype other = at + 1; other < shown.size(); ++other) {
             if (rect.intersects(shown[other]->geometry()))
-                flaws += NameOf(*shown[at]) + " overlaps " + NameOf(*shown[other]);
+                flaws += QString("%1 overlaps %2 by %3")
+                             .arg(NameOf(*shown[at]), NameOf(*shown[other]))
+                             .arg(rect.intersected(shown[other]->geometry()).width());
         }
     }
     for (const QWidget* widget : shown) {

@@ -20,6 +20,7 @@ TEST_CASE("Every kind of control is seen whole")
     form.vsfgItems.Select(1, 0);
     EventGate gate;
     FormWindow window(form, SampleLayout(), gate);
+    window.resize(window.sizeHint());
     window.show();
     REQUIRE(QTest::qWaitForWindowExposed(&window));
     const QStringList flaws = Flaws(window);

@@ -75,11 +75,16 @@ Canvas::Canvas(int width, int height, std::vector<Color> palette)
     this->palette.resize(16);
 }
 
+std::size_t Canvas::PlaceOf(int x, int y) const
+{
+    return static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x);
+}
+
 void Canvas::Rectangle(int left, int top, int wide, int high, int color)
 {
     for (int y = std::max(top, 0); y < std::min(top + high, height); ++y)
         for (int x = std::max(left, 0); x < std::min(left + wide, width); ++x)
-            points[static_cast<std::size_t>(y * width + x)] = static_cast<std::uint8_t>(color);
+            points[PlaceOf(x, y)] = static_cast<std::uint8_t>(color);
 }
 
 void Canvas::Disc(int centerX, int centerY, int radius, int color)
@@ -94,7 +99,7 @@ std::string Canvas::Row(int y, std::size_t align) const
 {
     std::string row;
     for (int x = 0; x < width; x += 2) {
-        const auto at = static_cast<std::size_t>(y * width + x);
+        const std::size_t at = PlaceOf(x, y);
         const int second = x + 1 < width ? points[at + 1] : 0;
         row += static_cast<char>(points[at] << 4 | second);
     }

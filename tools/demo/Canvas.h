@@ -25,7 +25,8 @@ public:
     std::string Png() const;
 
 private:
-    /// The rows of the picture, two points a byte, each filled up to a multiple of `align` bytes.
+    std::size_t PlaceOf(int x, int y) const;
+    /// A row of the picture, two points a byte, filled up to a multiple of `align` bytes.
     std::string Row(int y, std::size_t align) const;
 
     int width;

@@ -34,7 +34,7 @@ const char* TypeAt(int position)
     return typeShares.back().type;
 }
 
-std::string Numbered(std::string head, int number)
+std::string Numbered(const std::string& head, int number)
 {
     return head + " " + std::to_string(number);
 }

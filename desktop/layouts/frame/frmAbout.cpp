@@ -7,7 +7,7 @@ Node frmAboutLayout()
     return Column{
         Display("lblTitle"),
         "lblVersion",
-        Stretch(),
+        Nothing(),
         Row{"cmdSysInfo", Stretch(), "cmdOK"},
     };
 }

@@ -9,6 +9,7 @@ Node frmLoginLayout()
             Chars("txtUsername", 28),
             Chars("txtPassword", 28),
         },
+        Nothing(),
         Row{Stretch(), "btnLogin", "btnCancel"},
     };
 }

@@ -32,7 +32,7 @@ static Page TruckPage()
                   }},
             Weighted(2, Group{"Pictures",
                               Row{
-                                  Column{Bare("lstImages"), "txtImageName",
+                                  Column{Bare("lstImages"), Fields{Together{"txtImageName", Chars("txtFileType", 5)}},
                                          Row{"btnLoadPic", "btnAddImage", "btnRemove"}},
                                   Weighted(1, "imgPic"),
                               }}),
@@ -43,7 +43,7 @@ static Page TruckPage()
 Node frmBusEntryLayout()
 {
     return Column{
-        Row{Weighted(1, Fields{Chars("cmbBus", 32)}), Stretch(), "btnNew", "btnSave", "btnExit"},
+        Row{Fields{Chars("cmbBus", 32)}, Stretch(), Row{"btnNew", "btnSave", "btnExit"}},
         Pages{"SSTab1", TruckPage(), Page{}, Page{}},
     };
 }

@@ -5,7 +5,8 @@ namespace rovanta {
 Node frmCustomerEntry2Layout()
 {
     return Column{
-        Row{Weighted(1, Fields{Chars("cmbCustomer", 40)}), Stretch(), "btnNew", "btnSave", "btnExit"},
+        Row{Fields{Chars("cmbCustomer", 40)}, "chkInactive", "lblEnteredBy", Stretch(),
+            Row{"btnNew", "btnSave", "btnExit"}},
         Row{
             Weighted(1, Group{"Customer",
                               Fields{
@@ -14,13 +15,12 @@ Node frmCustomerEntry2Layout()
                                   "txtAddress1",
                                   "txtAddress2",
                                   Together{"txtCity", Chars("cmbState", 4), Chars("txtZip", 7)},
-                                  "txtWebsite",
-                                  Together{Chars("txtDOT", 12), "chkInactive"},
+                                  Together{"txtWebsite", Chars("txtDOT", 9)},
                               }}),
             Weighted(1, Group{"First Contact",
-                              Fields{"txtContact1", "txtPhone1", "txtFax1", Wide("txtEmail1", 28), "txtEmail1a"}}),
+                              Fields{"txtContact1", "txtPhone1", "txtFax1", Wide("txtEmail1", 27), "txtEmail1a"}}),
             Weighted(1, Group{"Second Contact",
-                              Fields{"txtContact2", "txtPhone2", "txtFax2", Wide("txtEmail2", 28), "txtEmail2a"}}),
+                              Fields{"txtContact2", "txtPhone2", "txtFax2", Wide("txtEmail2", 27), "txtEmail2a"}}),
         },
         Row{
             Weighted(1, Group{"Business Manager",
@@ -33,7 +33,7 @@ Node frmCustomerEntry2Layout()
                                   "txtPhone3",
                                   "txtCell3",
                                   "txtFax3",
-                                  Wide("txtEmail3", 28),
+                                  Wide("txtEmail3", 27),
                                   "txtWebsite3",
                               }}),
             Weighted(1, Group{"Personal Manager",
@@ -46,7 +46,7 @@ Node frmCustomerEntry2Layout()
                                   "txtPhone4",
                                   "txtCell4",
                                   "txtFax4",
-                                  Wide("txtEmail4", 28),
+                                  Wide("txtEmail4", 27),
                                   "txtWebsite4",
                               }}),
             Weighted(1, Group{"Tour Manager",
@@ -59,7 +59,7 @@ Node frmCustomerEntry2Layout()
                                   "txtPhone5",
                                   "txtCell5",
                                   "txtFax5",
-                                  Wide("txtEmail5", 28),
+                                  Wide("txtEmail5", 27),
                                   "txtWebsite5",
                               }}),
             Weighted(1, Group{"Production Manager",
@@ -72,11 +72,10 @@ Node frmCustomerEntry2Layout()
                                   "txtPhone6",
                                   "txtCell6",
                                   "txtFax6",
-                                  Wide("txtEmail6", 28),
+                                  Wide("txtEmail6", 27),
                                   "txtWebsite6",
                               }}),
         },
-        "lblEnteredBy",
     };
 }
 

@@ -5,13 +5,15 @@ namespace rovanta {
 static Node Head()
 {
     return Row{
-        Weighted(3, Fields{Wide("cmbTour", 22), "cmbCustomer"}),
-        Weighted(2, Fields{Wide("txtTour", 22), Together{"cmbStatus", "chkAllInclusive"}}),
-        Display("txtTotalTourBudget"),
-        Display("txtTotalContract"),
-        Display("txtTotalDriver"),
-        Display("txtTotalClient"),
-        Column{Row{"btnNew", "btnSave", "btnExit"}},
+        Weighted(3, Fields{Wide("cmbTour", 18), "cmbCustomer"}),
+        Weighted(2, Fields{Wide("txtTour", 20), "cmbStatus"}),
+        Row{
+            Display("txtTotalTourBudget"),
+            Display("txtTotalContract"),
+            Display("txtTotalDriver"),
+            Display("txtTotalClient"),
+        },
+        Column{Row{"btnNew", "btnSave"}, Row{Stretch(), "btnExit"}},
     };
 }
 
@@ -44,8 +46,8 @@ static Page TourPage()
                               }}),
         },
         "vsfgItems",
-        Row{"btnNewBus", "btnBuggyUp", "btnBuggyDown", Stretch(), Words("Entered by"), "lblEnteredBy", Nothing(),
-            Words("Edited by"), "lblEditedBy"},
+        Row{"btnNewBus", "btnBuggyUp", "btnBuggyDown", "btnQuoteSheet", "chkAllInclusive", Stretch(),
+            Words("Entered by"), "lblEnteredBy", Nothing(), Words("Edited by"), "lblEditedBy"},
     };
 }
 
@@ -160,7 +162,7 @@ static Page PickupPage()
                               }}),
             Weighted(1, Group{"Notes", Bare("txtPickupNote")}),
         },
-        Row{Stretch(), "btnUpdate2"},
+        Row{"btnPickupSheet", Stretch(), "btnUpdate2"},
     };
 }
 
@@ -170,8 +172,8 @@ static Page InvoicesPage()
         Weighted(3, "vsfgInvoices"),
         Row{"btnCalculate", "btnManualInvoice", "btnEditInvoice", "btnDeleteInvoice", "btnPrintInvoices", Stretch()},
         Weighted(2, "vsfgPayments"),
-        Row{"btnDeletePayment", Stretch(), "btnQuoteSheet", "btnLeaseAgreement", "btnOnBoardLease",
-            "btnCCAuthorization", "btnPickupSheet", "btnInvestorReport"},
+        Row{"btnDeletePayment", Stretch(), "btnLeaseAgreement", "btnOnBoardLease", "btnCCAuthorization",
+            "btnInvestorReport"},
     };
 }
 

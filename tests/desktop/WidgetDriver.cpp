@@ -1,0 +1,251 @@
+#include "tests/desktop/WidgetDriver.h"
+
+#include "desktop/FormWindow.h"
+#include "desktop/binders/GridBinder.h"
+#include "forms/ChoiceControls.h"
+#include "forms/ListControls.h"
+#include "forms/TextControls.h"
+
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollArea>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QtTest/QTest>
+
+#include <stdexcept>
+
+namespace rovanta::tests {
+
+static std::runtime_error CannotReach(const std::string& what)
+{
+    return std::runtime_error("nobody could reach " + what);
+}
+
+WidgetDriver::WidgetDriver(DesktopHost& host) : host(host)
+{
+    QObject::connect(&watch, &QTimer::timeout, &watch, [this] { AnswerBoxes(); });
+    watch.start(1);
+}
+
+void WidgetDriver::AnswerBoxes()
+{
+    if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        menu && !menu->menuAction()->text().isEmpty()) {
+        QAction* chosen = menu->findChild<QAction*>(QString::fromStdString(std::exchange(popupChoice, {})));
+        menu->close();
+        if (chosen)
+            chosen->trigger();
+        return;
+    }
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (!box || !box->isVisible())
+        return;
+    SeenMessage seen{
+        box->windowTitle().toStdString(), box->text().toStdString(), box->button(QMessageBox::Yes) != nullptr, {}};
+    QMessageBox::StandardButton button = QMessageBox::Ok;
+    if (seen.asked) {
+        const std::string answer = answers.empty() ? "no" : answers.front();
+        if (!answers.empty())
+            answers.pop_front();
+        seen.answer = answer;
+        button = answer == "yes" ? QMessageBox::Yes : QMessageBox::No;
+    }
+    messages.push_back(seen);
+    QTest::mouseClick(box->button(button), Qt::LeftButton);
+}
+
+Form& WidgetDriver::FormOf(const std::string& form) const
+{
+    for (QMdiSubWindow* frame : host.Main().Area().subWindowList()) {
+        for (auto* window : frame->findChildren<QWidget*>(QString::fromStdString(form))) {
+            if (auto* found = dynamic_cast<FormWindow*>(window); found && !found->IsDetached())
+                return found->Shown();
+        }
+    }
+    throw CannotReach(form);
+}
+
+Control& WidgetDriver::ControlOf(const std::string& form, const std::string& control) const
+{
+    Control* found = FormOf(form).FindControl(control);
+    if (!found)
+        throw CannotReach(form + "." + control);
+    return *found;
+}
+
+QWidget& WidgetDriver::WidgetOf(const std::string& form, const std::string& control) const
+{
+    const Binder* binder = host.WindowOf(FormOf(form))->BinderOf(control);
+    if (!binder)
+        throw CannotReach(form + "." + control);
+    return binder->Widget();
+}
+
+GridView& WidgetDriver::GridOf(const std::string& form, const std::string& grid) const
+{
+    return dynamic_cast<GridView&>(WidgetOf(form, grid));
+}
+
+void WidgetDriver::ShowPageOf(QWidget& widget)
+{
+    for (QWidget* parent = widget.parentWidget(); parent; parent = parent->parentWidget()) {
+        auto* tabs = qobject_cast<QTabWidget*>(parent);
+        for (int page = 0; tabs && page < tabs->count(); ++page) {
+            if (tabs->widget(page)->isAncestorOf(&widget) && tabs->currentIndex() != page)
+                QTest::mouseClick(tabs->tabBar(), Qt::LeftButton, {}, tabs->tabBar()->tabRect(page).center());
+        }
+    }
+}
+
+QWidget& WidgetDriver::Reachable(const std::string& form, const std::string& control)
+{
+    QWidget& widget = WidgetOf(form, control);
+    QMdiSubWindow* frame = host.FrameOf(FormOf(form));
+    if (QApplication::activeModalWidget() || !frame->isVisible())
+        throw CannotReach(form + "." + control);
+    if (host.Main().Area().activeSubWindow() != frame)
+        host.Main().Area().setActiveSubWindow(frame);
+    ShowPageOf(widget);
+    if (auto* scroll = frame->findChild<QScrollArea*>())
+        scroll->ensureWidgetVisible(&widget);
+    if (!widget.isVisible() || !widget.isEnabled())
+        throw CannotReach(form + "." + control);
+    return widget;
+}
+
+void WidgetDriver::Type(const std::string& form, const std::string& control, const std::string& text)
+{
+    QWidget& widget = Reachable(form, control);
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(8, widget.height() / 2));
+    QCoreApplication::processEvents();
+    if (auto* memo = qobject_cast<QPlainTextEdit*>(&widget))
+        memo->selectAll();
+    else
+        QTest::keyClick(&widget, Qt::Key_A, Qt::ControlModifier);
+    if (text.empty())
+        QTest::keyClick(&widget, Qt::Key_Delete);
+    QTest::keyClicks(&widget, QString::fromStdString(text));
+}
+
+void WidgetDriver::Pick(const std::string& form, const std::string& control, const std::string& entry)
+{
+    QWidget& widget = Reachable(form, control);
+    auto* combo = qobject_cast<QComboBox*>(&widget);
+    auto* view = combo ? combo->view() : qobject_cast<QAbstractItemView*>(&widget);
+    if (!view)
+        throw CannotReach("a list of " + control);
+    widget.setFocus(Qt::MouseFocusReason);
+    QCoreApplication::processEvents();
+    int row = 0;
+    while (row < view->model()->rowCount() &&
+           view->model()->index(row, 0).data().toString() != QString::fromStdString(entry))
+        ++row;
+    const QModelIndex index = view->model()->index(row, 0);
+    if (!index.isValid())
+        throw CannotReach("the entry " + entry + " of " + control);
+    if (combo) {
+        combo->showPopup();
+        QTest::qWait(1);
+    }
+    view->scrollTo(index);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
+    QCoreApplication::processEvents();
+    if (combo && view->isVisible())
+        combo->hidePopup();
+    // A list that drops down is a window of its own and gives the keyboard back when it closes.
+    host.Main().activateWindow();
+    if (!QTest::qWaitForWindowActive(&host.Main()))
+        throw CannotReach("the main window");
+}
+
+void WidgetDriver::Click(const std::string& form, const std::string& control)
+{
+    QWidget& widget = Reachable(form, control);
+    // The words of a check box stand at its left; its middle may be bare.
+    const bool mark = qobject_cast<QCheckBox*>(&widget) || qobject_cast<QRadioButton*>(&widget);
+    QTest::mouseClick(&widget, Qt::LeftButton, {}, mark ? QPoint(8, widget.height() / 2) : widget.rect().center());
+    QCoreApplication::processEvents();
+}
+
+void WidgetDriver::ClickTab(const std::string& form, const std::string& control, int page)
+{
+    auto& tabs = dynamic_cast<QTabWidget&>(Reachable(form, control));
+    QTest::mouseClick(tabs.tabBar(), Qt::LeftButton, {}, tabs.tabBar()->tabRect(page).center());
+}
+
+QPoint WidgetDriver::PlaceOf(GridView& view, int row, int col)
+{
+    const QRect rect = view.CellRect({row, col}).intersected(view.viewport()->rect());
+    if (rect.isEmpty())
+        throw CannotReach("the cell " + std::to_string(row) + ", " + std::to_string(col));
+    return rect.center();
+}
+
+void WidgetDriver::ClickCell(const std::string& form, const std::string& grid, int row, int col)
+{
+    auto& view = dynamic_cast<GridView&>(Reachable(form, grid));
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, PlaceOf(view, row, col));
+    QCoreApplication::processEvents();
+}
+
+void WidgetDriver::RightClickCell(const std::string& form, const std::string& grid, int row, int col)
+{
+    auto& view = dynamic_cast<GridView&>(Reachable(form, grid));
+    QTest::mouseClick(view.viewport(), Qt::RightButton, {}, PlaceOf(view, row, col));
+    QCoreApplication::processEvents();
+}
+
+void WidgetDriver::DoubleClickCell(const std::string& form, const std::string& grid, int row, int col)
+{
+    auto& view = dynamic_cast<GridView&>(Reachable(form, grid));
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, PlaceOf(view, row, col));
+    QCoreApplication::processEvents();
+}
+
+void WidgetDriver::Leave(const std::string& form, const std::string& control)
+{
+    QTest::keyClick(&Reachable(form, control), Qt::Key_Tab);
+    QCoreApplication::processEvents();
+}
+
+void WidgetDriver::PickMenu(const std::string& command)
+{
+    auto* action = host.Main().findChild<QAction*>(QString::fromStdString(command));
+    if (!action || !action->isEnabled() || !action->isVisible() || QApplication::activeModalWidget())
+        throw CannotReach("the command " + command);
+    action->trigger();
+    QCoreApplication::processEvents();
+}
+
+std::string WidgetDriver::Shown(const std::string& form, const std::string& control) const
+{
+    const QWidget& widget = WidgetOf(form, control);
+    QString text;
+    if (const auto* edit = qobject_cast<const QLineEdit*>(&widget))
+        text = edit->text();
+    else if (const auto* memo = qobject_cast<const QPlainTextEdit*>(&widget))
+        text = memo->toPlainText();
+    else if (const auto* combo = qobject_cast<const QComboBox*>(&widget))
+        text = combo->currentIndex() < 0 && !combo->isEditable() ? combo->placeholderText() : combo->currentText();
+    else if (const auto* label = qobject_cast<const QLabel*>(&widget))
+        text = label->text();
+    else if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+        text = button->isCheckable() ? (button->isChecked() ? "1" : "0") : button->text().remove('&');
+    return text.toStdString();
+}
+
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace rovanta::tests {
+
+/// Plays a story of tests/stories on the real widgets: what it sets is typed, what it picks and clicks is clicked, and
+/// what it expects of a box is read from the widget. Returns what differs, an empty text when nothing does.
+std::string PlayOnWidgets(const std::string& story);
+
+}
