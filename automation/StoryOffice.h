@@ -5,8 +5,8 @@
 
 namespace rovanta {
 
-/// The folder with the office that a story is played in. Where ROVANTA_TEST_SERVER holds the connection text of a server,
-/// the office's database lies there, in a file of the folder otherwise.
+/// The folder with the office that a story is played in. Where ROVANTA_TEST_SERVER holds the connection text of a
+/// server, the office's database lies there, in a file of the folder otherwise.
 class StoryOffice {
 public:
     /// Makes a fresh office: as every office is made, and then with the statements of `fixture`. It goes with the

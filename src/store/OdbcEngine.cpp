@@ -72,9 +72,9 @@ std::vector<Diagnosis> Diagnoses(SQLSMALLINT handleType, SQLHANDLE handle)
     std::array<char16_t, 4096> text{};
     SQLINTEGER number = 0;
     SQLSMALLINT length = 0;
-    for (SQLSMALLINT i = 1; SQL_SUCCEEDED(SQLGetDiagRecW(
-             handleType, handle, i, reinterpret_cast<SQLWCHAR*>(state.data()), &number,
-             reinterpret_cast<SQLWCHAR*>(text.data()), static_cast<SQLSMALLINT>(text.size()), &length));
+    for (SQLSMALLINT i = 1; SQL_SUCCEEDED(
+             SQLGetDiagRecW(handleType, handle, i, reinterpret_cast<SQLWCHAR*>(state.data()), &number,
+                            reinterpret_cast<SQLWCHAR*>(text.data()), static_cast<SQLSMALLINT>(text.size()), &length));
          ++i)
         all.push_back({ToUtf8(state.data()), number, WithoutMessengers(ToUtf8(text.data()))});
     return all;
@@ -451,8 +451,7 @@ private:
                 entries.push_back({table, cells[at + 1].Text() == "V" ? TableKind::View : TableKind::Table});
             ColumnInfo& column = own.emplace_back();
             column.name = cells[at + 2].Text();
-            column.type =
-                TypeOnSqlServer(cells[at + 3].Text(), static_cast<std::int64_t>(cells[at + 4].Number()));
+            column.type = TypeOnSqlServer(cells[at + 3].Text(), static_cast<std::int64_t>(cells[at + 4].Number()));
             column.nullable = cells[at + 5].Flag();
             column.identity = cells[at + 6].Flag();
         }

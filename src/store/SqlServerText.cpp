@@ -178,8 +178,7 @@ std::string SqlServerUpdate(const TableInfo& table, const Value& rowKey, const s
     for (const ColumnValue& change : changes)
         assignments += (assignments.empty() ? "" : ", ") + SqlServerName(change.column->name) + " = " +
                        SqlServerLiteral(*change.value, change.column->type.kind);
-    return "UPDATE" + place.top + " " + SqlServerName(table.name) + " SET " + assignments + " WHERE " +
-           place.condition;
+    return "UPDATE" + place.top + " " + SqlServerName(table.name) + " SET " + assignments + " WHERE " + place.condition;
 }
 
 std::string SqlServerDelete(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& read)

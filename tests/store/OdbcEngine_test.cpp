@@ -115,8 +115,9 @@ TEST_CASE("Every statement of the office gives its rows through the driver")
 TEST_CASE("Every type comes through the wire as it was written, NULL too")
 {
     ServerOffice office;
-    office.Execute("CREATE TABLE Kinds (ID int IDENTITY(1,1) PRIMARY KEY, Big bigint, Whole int, Done bit, Share float, "
-                   "Paid money, Seen datetime, Name varchar(8000), Notes varchar(8000))");
+    office.Execute(
+        "CREATE TABLE Kinds (ID int IDENTITY(1,1) PRIMARY KEY, Big bigint, Whole int, Done bit, Share float, "
+        "Paid money, Seen datetime, Name varchar(8000), Notes varchar(8000))");
     Recordset kinds = office.Open("SELECT TOP 1 * FROM Kinds");
     const std::string japanese = "\xE6\x9D\xB1\xE4\xBA\xAC \xF0\x9F\x9A\x8C";
     std::string longText;
@@ -178,8 +179,8 @@ TEST_CASE("A row is written back only while it stands as it was read")
     mine.Update();
     theirs.Fields("Model") = "XLII";
     CHECK_THROWS_WITH_AS(
-        theirs.Update(), "Row cannot be located for updating. Some values may have been changed since it was last read.",
-        DatabaseError);
+        theirs.Update(),
+        "Row cannot be located for updating. Some values may have been changed since it was last read.", DatabaseError);
     CHECK_THROWS_AS(theirs.Delete(), DatabaseError);
     mine.Fields("Model") = "H3";
     mine.Update();

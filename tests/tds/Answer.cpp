@@ -257,7 +257,10 @@ void Answer::SignedIn(const std::string& database)
     Changed(databaseChange, database, "master");
     bytes.Byte(changedToken).Number(8, 2).Byte(collationChange).Byte(5).Raw(collation).Byte(0);
     Bytes body;
-    body.Byte(1).Raw(std::string_view("\x74\x00\x00\x04", 4)).ShortText("Loopback").Raw(std::string_view("\x10\0\0\0", 4));
+    body.Byte(1)
+        .Raw(std::string_view("\x74\x00\x00\x04", 4))
+        .ShortText("Loopback")
+        .Raw(std::string_view("\x10\0\0\0", 4));
     bytes.Byte(signedInToken).Number(body.Get().size(), 2).Raw(body.Get());
     Changed(packetSizeChange, "4096", "4096");
     Done(false, -1);

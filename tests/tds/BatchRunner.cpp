@@ -118,13 +118,10 @@ private:
 
 int ErrorNumber(const std::string& text)
 {
-    const std::pair<std::string_view, int> known[] = {{"Incorrect syntax", 102},
-                                                      {"Unclosed quotation", 105},
-                                                      {"Invalid column name", 207},
-                                                      {"Invalid object name", 208},
-                                                      {"Conversion failed", 245},
-                                                      {"Violation of PRIMARY KEY", 2627},
-                                                      {"String or binary data", 2628}};
+    const std::pair<std::string_view, int> known[] = {
+        {"Incorrect syntax", 102},      {"Unclosed quotation", 105}, {"Invalid column name", 207},
+        {"Invalid object name", 208},   {"Conversion failed", 245},  {"Violation of PRIMARY KEY", 2627},
+        {"String or binary data", 2628}};
     for (const auto& [head, number] : known)
         if (text.starts_with(head))
             return number;
@@ -144,7 +141,7 @@ BatchRunner::BatchRunner(fs::path home, const std::string& name) : folder(std::m
         connection.Open(FileOf(folder, database).string());
 }
 
-void BatchRunner::Run(const std::string& batch, Answer& answer)
+bool BatchRunner::Run(const std::string& batch, Answer& answer)
 {
     try {
         std::vector<std::string> statements = SplitScript(batch);
@@ -158,10 +155,12 @@ void BatchRunner::Run(const std::string& batch, Answer& answer)
                 answer.Rows(*outcome.rows);
             answer.Done(more, outcome.rows ? static_cast<std::int64_t>(outcome.rows->RowCount()) : outcome.rowsChanged);
         }
+        return true;
     } catch (const RunTimeError& error) {
         constexpr int severity = 16;
         answer.Error(ErrorNumber(error.what()), severity, error.what());
         answer.DoneWithError();
+        return false;
     }
 }
 
@@ -179,7 +178,8 @@ BatchRunner::Outcome BatchRunner::RunOne(const std::string& statement, const std
         return Select(statement);
     if (StartsWithNoCase(statement, "UPDATE") || StartsWithNoCase(statement, "DELETE"))
         return Change(statement);
-    if (StartsWithNoCase(statement, "INSERT") && (StartsWithNoCase(next, askForNumber) || Contains(statement, "DEFAULT VALUES")))
+    if (StartsWithNoCase(statement, "INSERT") &&
+        (StartsWithNoCase(next, askForNumber) || Contains(statement, "DEFAULT VALUES")))
         return Insert(statement);
     connection.Execute(Statement::Verbatim(statement));
     if (StartsWithNoCase(statement, "BEGIN"))
@@ -253,8 +253,9 @@ BatchRunner::Outcome BatchRunner::Insert(const std::string& insert)
         connection.Execute(Statement::Verbatim(insert));
         const TablePointer table = connection.GetEngine().Tables().Find(name);
         if (const ColumnInfo* identity = table->Identity())
-            newNumber =
-                connection.GetEngine().Query("SELECT MAX([" + identity->name + "]) FROM [" + table->name + "]").cells[0];
+            newNumber = connection.GetEngine()
+                            .Query("SELECT MAX([" + identity->name + "]) FROM [" + table->name + "]")
+                            .cells[0];
     }
     together.Keep();
     return {std::nullopt, 1};

@@ -16,8 +16,8 @@ public:
     /// `database` is the name in the login: the file of that name in the folder, or "master", where there is none.
     BatchRunner(std::filesystem::path folder, const std::string& database);
 
-    /// Runs the statements of a batch up to the first that fails.
-    void Run(const std::string& batch, Answer& answer);
+    /// Runs the statements of a batch up to the first that fails; whether none did.
+    bool Run(const std::string& batch, Answer& answer);
 
     static std::filesystem::path FileOf(const std::filesystem::path& folder, const std::string& database);
 

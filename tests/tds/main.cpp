@@ -32,6 +32,8 @@ connection text in ROVANTA_TEST_SERVER, and ends with it.
   --silent            never answers anything
   --hang TEXT         never answers a batch that holds TEXT
   --cut TEXT COUNT    cuts the line at the batch that holds TEXT for the COUNTth time
+
+With TDS_RECORD=FILE each batch that went well is noted in FILE, with a line GO behind it.
 )";
 
 struct Options {
@@ -97,8 +99,8 @@ Listener Listen()
 [[noreturn]] void ServeClients(const Listener& listener, const tds::ServerPlan& plan)
 {
     // They count together how often they have met the text that the line is to be cut at.
-    auto* cutsSeen = static_cast<int*>(
-        mmap(nullptr, sizeof(int), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
+    auto* cutsSeen =
+        static_cast<int*>(mmap(nullptr, sizeof(int), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
     std::signal(SIGCHLD, SIG_IGN);
     for (;;) {
         const int client = accept(listener.socket, nullptr, nullptr);
