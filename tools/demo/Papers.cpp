@@ -42,7 +42,8 @@ void PaperMaker::AddPictures()
 {
     constexpr int pictured = 8;
     for (int i = 0; i < pictured; ++i) {
-        const Vehicle& vehicle = fleet.vehicles[static_cast<std::size_t>(i)];
+        // Every fifth vehicle: among them is the one that the pick list shows first.
+        const Vehicle& vehicle = fleet.vehicles[static_cast<std::size_t>(5 * i + 4)];
         const Canvas canvas = DrawCoach(bodyColors[static_cast<std::size_t>(i) % bodyColors.size()]);
         const bool png = i % 2 == 0;
         images.rows.push_back({{"BusID", vehicle.id}, {"ImageName", "Left side"}, {"FileType", png ? "png" : "bmp"}});
