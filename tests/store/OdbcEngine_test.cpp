@@ -1,38 +1,13 @@
 #include <doctest/doctest.h>
 
-#include "store/Catalogue.h"
 #include "store/DatabaseError.h"
-#include "support/TdsServer.h"
-#include "tests/store/CaseFile.h"
-#include "tests/store/TestOffice.h"
+#include "tests/store/ServerOffice.h"
 
 #include <chrono>
 
 using namespace rovanta;
 
 namespace {
-
-/// An empty office on the suite's server, reached through the real driver.
-class ServerOffice {
-public:
-    explicit ServerOffice(const std::vector<std::string>& options = {}, const std::string& more = "") : server(options)
-    {
-        server.MakeDatabase("office");
-        connection.Open(server.Text("office", more));
-        CreateSchema(connection);
-    }
-
-    void Execute(const std::string& statement) { connection.Execute(Statement::Verbatim(statement)); }
-    Recordset Open(const std::string& select) { return Recordset(Statement::Verbatim(select), connection); }
-    std::vector<std::string> Rows(const std::string& select)
-    {
-        Recordset records = Open(select);
-        return RowsOf(records);
-    }
-
-    TdsServer server;
-    Connection connection;
-};
 
 /// What opening a connection fails with; empty when it does not. It may take no longer than a person waits.
 std::string FailureToOpen(const std::string& text)
@@ -92,24 +67,6 @@ TEST_CASE("A server that never answers is given up")
 {
     const TdsServer server({"--silent"});
     CHECK(Holds(FailureToOpen(server.Text("office", "LoginTimeout=1")), "does not answer"));
-}
-
-TEST_CASE("The rules of the dialect hold through the driver")
-{
-    ServerOffice office;
-    const CaseFile file = ReadCaseFile(std::string(SOURCE_FOLDER) + "/tests/store/dialect.txt");
-    CHECK(file.cases.size() >= 60);
-    for (const std::string& difference : RunCases(file, office.connection))
-        FAIL_CHECK(difference);
-}
-
-TEST_CASE("Every statement of the office gives its rows through the driver")
-{
-    ServerOffice office;
-    const CaseFile file = ReadCaseFile(std::string(SOURCE_FOLDER) + "/tests/store/corpus.txt");
-    CHECK(file.cases.size() >= 80);
-    for (const std::string& difference : RunCases(file, office.connection))
-        FAIL_CHECK(difference);
 }
 
 TEST_CASE("Every type comes through the wire as it was written, NULL too")
