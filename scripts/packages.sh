@@ -9,6 +9,7 @@ run_packages=(
     ninja-build               # runs the build
     ccache                    # a second build costs seconds
     libsqlite3-dev            # the embedded database
+    libpq-dev                 # the way to a PostgreSQL server
     unixodbc-dev              # the way to SQL Server
     libcurl4-openssl-dev      # sends the mails
     qt6-base-dev              # the windows
@@ -23,6 +24,7 @@ run_packages=(
 test_packages=(
     git                # tells the checks of the house which files are its own
     doctest-dev        # the table tests
+    postgresql-15      # a server for the tests on PostgreSQL
     python3            # the checks of the house and the test mail server
     python3-aiosmtpd   # a real mail server on loopback
     tdsodbc            # the FreeTDS driver, which talks to the suite's own server

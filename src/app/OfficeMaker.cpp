@@ -127,8 +127,9 @@ void FillDatabase(const OfficePlan& plan, const Configuration& configuration)
 {
     Connection connection;
     connection.Open(configuration.ConnectionString);
-    CreateSchema(connection);
+    // On a server as well nothing stays of an office that fails midway: the connection takes all of it back.
     connection.Execute("BEGIN TRANSACTION");
+    AddSchema(connection);
     for (const std::string& statement : ScriptStatements(LookupScript()))
         connection.Execute(Statement::Verbatim(statement));
     AddUser(connection, plan);

@@ -1,18 +1,13 @@
 #include "store/Connection.h"
 
+#include "store/ConnectionText.h"
 #include "store/DatabaseError.h"
 #include "store/Engine.h"
 #include "store/OdbcEngine.h"
-#include "store/OdbcText.h"
+#include "store/PostgresEngine.h"
 #include "store/SqliteEngine.h"
 
 namespace rovanta {
-
-std::string DatabaseFile(const std::string& connectionText)
-{
-    constexpr std::string_view prefix = "sqlite:";
-    return connectionText.starts_with(prefix) ? connectionText.substr(prefix.size()) : connectionText;
-}
 
 Connection::Connection() = default;
 Connection::~Connection() = default;
@@ -20,14 +15,17 @@ Connection::~Connection() = default;
 void Connection::Open(const std::string& connectionText)
 {
     Close();
-    if (IsOdbcText(connectionText)) {
+    switch (ChooseEngine(connectionText)) {
+    case EngineKind::Sqlite:
+        engine = OpenSqlite(DatabaseFile(connectionText));
+        break;
+    case EngineKind::Postgres:
+        engine = OpenPostgres(connectionText);
+        break;
+    case EngineKind::SqlServer:
         engine = OpenOdbc(connectionText);
-        return;
+        break;
     }
-    const std::string file = DatabaseFile(connectionText);
-    if (file.empty())
-        throw DatabaseError("The connection text names no database.");
-    engine = OpenSqlite(file);
 }
 
 void Connection::Close()

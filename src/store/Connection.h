@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/ConnectionText.h"
 #include "store/Statement.h"
 
 #include <memory>
@@ -8,10 +9,6 @@
 namespace rovanta {
 
 class Engine;
-
-/// The file that a connection text of the embedded engine names: "sqlite:" and a path, or the path alone. A relative
-/// path counts from the current folder.
-std::string DatabaseFile(const std::string& connectionText);
 
 /// The one connection of a running program to its database. The connection text chooses the engine.
 class Connection {

@@ -37,8 +37,9 @@ public:
 
     /// Adds a row with these columns set and the others NULL.
     virtual InsertedRow Insert(const TableInfo& table, const std::vector<ColumnValue>& values) = 0;
-    /// Writes `changes` to the row of that key if it still holds `read`. False when there is no such row any more.
-    virtual bool Update(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& changes,
+    /// Writes `changes` to the row of that key if it still holds `read`, and makes the key that of the row as it stands
+    /// then. False when there is no such row any more.
+    virtual bool Update(const TableInfo& table, Value& rowKey, const std::vector<ColumnValue>& changes,
                         const std::vector<ColumnValue>& read) = 0;
     /// Deletes the row of that key if it still holds `read`. False when there is no such row any more.
     virtual bool Delete(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& read) = 0;
@@ -46,6 +47,9 @@ public:
     virtual Catalogue& Tables() = 0;
     /// Notes in the database which version of the schema it now holds.
     virtual void SetSchemaVersion(int version) = 0;
+
+    /// How often the program has waited for a server's answer; 0 where the database is a file.
+    virtual std::uint64_t RoundTrips() const { return 0; }
 };
 
 }

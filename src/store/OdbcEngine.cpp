@@ -277,7 +277,7 @@ public:
         return {number, number};
     }
 
-    bool Update(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& changes,
+    bool Update(const TableInfo& table, Value& rowKey, const std::vector<ColumnValue>& changes,
                 const std::vector<ColumnValue>& read) override
     {
         return RowsChanged(SqlServerUpdate(table, rowKey, changes, read)) > 0;
@@ -294,6 +294,8 @@ public:
             ReadCatalogue();
         return catalogue;
     }
+
+    std::uint64_t RoundTrips() const override { return roundTrips; }
 
     void SetSchemaVersion(int version) override { RunOwn(SqlServerSetVersion(version)); }
 
@@ -316,6 +318,7 @@ private:
         StatementPointer statement(handle);
         SQLSetStmtAttr(handle, SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(std::intptr_t{queryTimeout}), 0);
         DriverText sent(text);
+        ++roundTrips;
         const SQLRETURN code = SQLExecDirectW(handle, sent.Data(), sent.Length());
         if (!SQL_SUCCEEDED(code) && code != SQL_NO_DATA)
             throw StatementError(handle);
@@ -466,6 +469,7 @@ private:
     Translator translator{ShapeAlone};
     Catalogue catalogue;
     bool catalogueStale = true;
+    std::uint64_t roundTrips = 0;
 };
 
 EnvironmentPointer OpenEnvironment()
@@ -513,6 +517,25 @@ std::unique_ptr<Engine> OpenOdbc(const std::string& connectionText)
         throw DatabaseError("The database '" + text.Get("Database") + "' holds version " + std::to_string(*version) +
                             " of the schema, and this program needs version " + std::to_string(schemaVersion) + ".");
     return engine;
+}
+
+/// The database of every SQL Server in which others are made.
+static constexpr const char* homeDatabase = "master";
+
+std::string WithSqlServerDatabase(const std::string& server, const std::string& name)
+{
+    return OdbcText(server).With("Database", name);
+}
+
+void CreateSqlServerDatabase(const std::string& server, const std::string& name, const std::string& like)
+{
+    const std::string copy = like.empty() ? std::string{} : " AS COPY OF " + SqlServerName(like);
+    OpenOdbc(WithSqlServerDatabase(server, homeDatabase))->Execute("CREATE DATABASE " + SqlServerName(name) + copy);
+}
+
+void DropSqlServerDatabase(const std::string& server, const std::string& name)
+{
+    OpenOdbc(WithSqlServerDatabase(server, homeDatabase))->Execute("DROP DATABASE " + SqlServerName(name));
 }
 
 }

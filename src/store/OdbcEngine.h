@@ -12,4 +12,12 @@ namespace rovanta {
 /// within 10 seconds, naming the driver, the server, the user or the database that is wrong.
 std::unique_ptr<Engine> OpenOdbc(const std::string& connectionText);
 
+/// The server's text with another database in it.
+std::string WithSqlServerDatabase(const std::string& server, const std::string& name);
+
+/// Makes a database on the server, a copy of `like` where that is given: a server in the cloud can copy, as the suite's
+/// can, and one of one's own refuses. Drops one. Throws DatabaseError.
+void CreateSqlServerDatabase(const std::string& server, const std::string& name, const std::string& like);
+void DropSqlServerDatabase(const std::string& server, const std::string& name);
+
 }

@@ -38,12 +38,6 @@ std::string Pair(const std::string& key, const std::string& value)
 
 }
 
-bool IsOdbcText(std::string_view connectionText)
-{
-    return connectionText.find('=') != std::string_view::npos && !connectionText.starts_with("sqlite:") &&
-           connectionText.find("://") == std::string_view::npos;
-}
-
 OdbcText::OdbcText(std::string_view text)
 {
     for (std::size_t at = 0; at < text.size();) {

@@ -7,9 +7,6 @@
 
 namespace rovanta {
 
-/// Whether a connection text is one for ODBC: it has pairs of a key and a value, and names no other engine.
-bool IsOdbcText(std::string_view connectionText);
-
 /// A connection text for ODBC, cut into its pairs: "Driver={FreeTDS};Server=db;Port=1433". A value in braces may hold
 /// semicolons, and a closing brace doubled.
 class OdbcText {

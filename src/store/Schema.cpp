@@ -12,14 +12,20 @@ std::vector<std::string> ScriptStatements(std::string_view script)
     return SplitScript(script);
 }
 
+void AddSchema(Connection& connection)
+{
+    Engine& engine = connection.GetEngine();
+    for (const std::string& statement : ScriptStatements(SchemaScript()))
+        engine.Execute(statement);
+    engine.SetSchemaVersion(schemaVersion);
+}
+
 void CreateSchema(Connection& connection)
 {
     Engine& engine = connection.GetEngine();
     engine.Execute("BEGIN TRANSACTION");
     try {
-        for (const std::string& statement : ScriptStatements(SchemaScript()))
-            engine.Execute(statement);
-        engine.SetSchemaVersion(schemaVersion);
+        AddSchema(connection);
     } catch (...) {
         engine.Execute("ROLLBACK TRANSACTION");
         throw;

@@ -17,6 +17,9 @@ std::string_view SchemaScript();
 /// The statements of a script, parted by semicolons, without those that are empty.
 std::vector<std::string> ScriptStatements(std::string_view script);
 
+/// Makes the whole schema in the connected database, within the transaction that is open.
+void AddSchema(Connection& connection);
+
 /// Makes the whole schema in the connected database, all of it or, when a statement fails, nothing.
 void CreateSchema(Connection& connection);
 

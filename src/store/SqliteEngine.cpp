@@ -202,7 +202,7 @@ public:
         return {row, table.Identity() != nullptr ? Value(row) : Value()};
     }
 
-    bool Update(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& changes,
+    bool Update(const TableInfo& table, Value& rowKey, const std::vector<ColumnValue>& changes,
                 const std::vector<ColumnValue>& read) override
     {
         sqlite3_stmt* statement = Prepared(UpdateRowText(table, changes, read));

@@ -216,6 +216,11 @@ void frmRentalEntry::ShowDaysOfRow(int row)
     for (const auto& [combo, col] : PanelChoices())
         combo->SetListIndex(combo->IndexOf(cell(col)));
     CalculateTourItem();
+    // What was typed over on the line before must not price this one.
+    for (TextBox* days : {&txtBusDays, &txtSatDays, &txtIntDays})
+        *days = txtBilledDays.Text();
+    for (TextBox* months : {&txtBusMonths, &txtSatMonths, &txtIntMonths})
+        *months = txtBilledMonths.Text();
     // The day copies come from the stored figures and not from the billed days, so that a typed count survives.
     const auto daysOf = [&](Line line, TextBox& days) {
         const LineColumns& columns = ItemLines()[static_cast<std::size_t>(line)];

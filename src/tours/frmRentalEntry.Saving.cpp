@@ -65,7 +65,8 @@ bool frmRentalEntry::BusesHaveChanged() const
 /// stays one row.
 void frmRentalEntry::RememberRename()
 {
-    const bool renamed = !txtID.IsEmpty() && OriginalTourName != txtTour.Text();
+    const std::string name = Trim(txtTour.Text());
+    const bool renamed = !txtID.IsEmpty() && OriginalTourName != name;
     if (renamed) {
         Recordset old(Statement{"SELECT * FROM OldTourName WHERE Customer='"} + Text(cmbCustomer.Text()) +
                           "' AND NewName='" + Text(OriginalTourName) + "'",
@@ -75,10 +76,10 @@ void frmRentalEntry::RememberRename()
             old.Fields("Customer") = cmbCustomer.Text();
             old.Fields("OldName") = OriginalTourName;
         }
-        old.Fields("NewName") = txtTour.Text();
+        old.Fields("NewName") = name;
         old.Update();
     }
-    OriginalTourName = txtTour.Text();
+    OriginalTourName = name;
 }
 
 void frmRentalEntry::SaveTourHead()

@@ -47,6 +47,7 @@ CaseFile ReadCaseFile(const std::string& path);
 
 /// Runs every case on the connected database, which is left as it was, and returns what went otherwise than told, one
 /// text a difference.
-std::vector<std::string> RunCases(const CaseFile& file, Connection& connection);
+/// `server` is the connection text where the database lies on a server, empty for a file.
+std::vector<std::string> RunCases(const CaseFile& file, Connection& connection, const std::string& server);
 
 }

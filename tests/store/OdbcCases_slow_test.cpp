@@ -10,7 +10,7 @@ static void CheckFile(const std::string& name, std::size_t fewestCases)
     ServerOffice office;
     const CaseFile file = ReadCaseFile(std::string(SOURCE_FOLDER) + "/tests/store/" + name);
     CHECK(file.cases.size() >= fewestCases);
-    for (const std::string& difference : RunCases(file, office.connection))
+    for (const std::string& difference : RunCases(file, office.connection, ""))
         FAIL_CHECK(difference);
 }
 

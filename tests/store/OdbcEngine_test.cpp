@@ -58,7 +58,7 @@ TEST_CASE("A wrong connection text is told within ten seconds, by what is wrong 
                 "The database server '127.0.0.1, port 1' does not answer"));
     CHECK(Holds(FailureToOpen("Driver={FreeTDS};Server=no-such-host.invalid;Port=1433;UID=a;PWD=b;TDS_Version=7.4"),
                 "no-such-host.invalid"));
-    CHECK(FailureToOpen("Server=127.0.0.1;Port=1433") == "The connection text names no ODBC driver.");
+    CHECK(FailureToOpen("Driver={};Server=127.0.0.1;Port=1433") == "The connection text names no ODBC driver.");
     CHECK(FailureToOpen("Driver={FreeTDS};LoginTimeout=soon") ==
           "The connection text's LoginTimeout is a number of seconds from 1 to 8, and not \"soon\".");
 }

@@ -138,7 +138,7 @@ TEST_CASE("Update fails when another desk has changed or deleted the row since i
     const char* lost = "Row cannot be located for updating. Some values may have been changed since it was last read.";
     TestOffice office;
     Connection other;
-    other.Open(office.File());
+    other.Open(office.Text());
     office.Execute("INSERT INTO Invoice (InvoiceTotal,Paid,Notes) VALUES (100,0,NULL)");
     Recordset invoice = office.Open("SELECT * FROM Invoice WHERE ID = 1");
     other.Execute("UPDATE Invoice SET Paid = Paid + 40 WHERE ID = 1");

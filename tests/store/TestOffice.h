@@ -3,9 +3,11 @@
 #include "store/Connection.h"
 #include "store/Recordset.h"
 #include "store/Schema.h"
+#include "tests/support/TestServer.h"
 #include "values/DateTime.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <unistd.h>
 
@@ -33,22 +35,47 @@ private:
     std::filesystem::path path;
 };
 
-/// An empty office in a file of its own: the whole schema, no rows.
+/// The database on the server that every empty office is a copy of.
+inline const std::string& EmptyOffice()
+{
+    static std::optional<TestDatabase> made;
+    if (!made) {
+        made.emplace("");
+        Connection connection;
+        connection.Open(made->Text());
+        CreateSchema(connection);
+    }
+    return made->Name();
+}
+
+/// An empty office of its own: the whole schema, no rows. It lies in a file, or where the suite runs on a server, in a
+/// database there.
 class TestOffice {
 public:
     TestOffice()
     {
+        if (TestServer()) {
+            database.emplace(EmptyOffice());
+            connection.Open(Text());
+            return;
+        }
         CreateDatabaseFile(File());
         connection.Open(File());
         CreateSchema(connection);
     }
 
     std::string File() const { return folder.File("office.db"); }
+    /// Its connection text.
+    std::string Text() const { return database ? database->Text() : File(); }
+
+    /// The same, but empty where the office lies in a file.
+    std::string ServerText() const { return database ? database->Text() : std::string{}; }
 
     void Execute(const std::string& statement) { connection.Execute(Statement::Verbatim(statement)); }
     Recordset Open(const std::string& select) { return Recordset(Statement::Verbatim(select), connection); }
 
     TestFolder folder;
+    std::optional<TestDatabase> database;
     Connection connection;
 };
 

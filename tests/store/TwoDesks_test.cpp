@@ -94,7 +94,7 @@ TEST_CASE("Two desks save tours at the same time without a lock error and withou
         const pid_t child = fork();
         REQUIRE(child >= 0);
         if (child == 0)
-            WorkAtDesk(office.File(), desk, SecondsOfWork(), ends[1]);
+            WorkAtDesk(office.Text(), desk, SecondsOfWork(), ends[1]);
     }
     Tally sum;
     for (std::size_t i = 0; i < desks.size(); ++i) {
@@ -111,7 +111,7 @@ TEST_CASE("Two desks save tours at the same time without a lock error and withou
     }
     close(ends[0]);
     close(ends[1]);
-    office.connection.Open(office.File());
+    office.connection.Open(office.Text());
     CHECK(RowsOf(office, "SELECT COUNT(*) AS Tours FROM Tour WHERE EnteredBy = EditedBy")[0] ==
           std::to_string(sum.tours));
     CHECK(RowsOf(office, "SELECT COUNT(*) AS Lines FROM TourItems")[0] == std::to_string(sum.lines));

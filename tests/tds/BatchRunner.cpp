@@ -305,7 +305,8 @@ std::int64_t BatchRunner::ChangeOne(const std::string& change, const std::string
     std::vector<ColumnValue> changes;
     for (std::size_t i = 0; i < values.size(); ++i)
         changes.push_back({columns[i], &values[i]});
-    return engine.Update(target, found.rowKeys[0], changes, {}) ? 1 : 0;
+    Value key = found.rowKeys[0];
+    return engine.Update(target, key, changes, {}) ? 1 : 0;
 }
 
 RowSet BatchRunner::CatalogueRows()

@@ -1,0 +1,341 @@
+#include "store/PostgresSession.h"
+
+#include "values/Text.h"
+
+#include <libpq-fe.h>
+
+#include <array>
+#include <chrono>
+#include <cstdlib>
+#include <poll.h>
+
+namespace rovanta {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+PGconn* Raw(const std::shared_ptr<void>& connection)
+{
+    return static_cast<PGconn*>(connection.get());
+}
+
+const PGresult* RawResult(const std::shared_ptr<void>& result)
+{
+    return static_cast<const PGresult*>(result.get());
+}
+
+std::shared_ptr<void> Owned(PGresult* result)
+{
+    return {result, [](void* held) { PQclear(static_cast<PGresult*>(held)); }};
+}
+
+/// A text of the library in one line.
+std::string OneLine(const char* text)
+{
+    std::string line = Trim(Replace(Replace(text == nullptr ? "" : text, "\n\t", " "), "\n", " "));
+    return line;
+}
+
+std::string FieldOf(const PGresult* result, int field)
+{
+    const char* text = PQresultErrorField(result, field);
+    return text == nullptr ? std::string{} : text;
+}
+
+std::string OverflowText(const std::string& text)
+{
+    const char* type = "float";
+    if (text.find("bigint") != std::string::npos)
+        type = "bigint";
+    else if (text.find("integer") != std::string::npos || text.find("smallint") != std::string::npos)
+        type = "int";
+    else if (text.find("numeric") != std::string::npos)
+        type = "money";
+    return std::string("Arithmetic overflow error converting expression to data type ") + type + ".";
+}
+
+/// The error in the words of the dialect, where it has words of its own.
+std::string ErrorText(const PGresult* result, const std::string& state)
+{
+    const std::string text = FieldOf(result, PG_DIAG_MESSAGE_PRIMARY);
+    const std::string table = FieldOf(result, PG_DIAG_TABLE_NAME);
+    if (state == "23502")
+        return "Cannot insert the value NULL into column '" + FieldOf(result, PG_DIAG_COLUMN_NAME) + "', table '" +
+               table + "'; column does not allow nulls.";
+    if (state == "23505" && !table.empty())
+        return "Violation of PRIMARY KEY constraint. Cannot insert duplicate key in object '" + table + "'.";
+    if (state == "22012")
+        return "Divide by zero error encountered.";
+    if (state == "22003")
+        return OverflowText(text);
+    if (state == "22008")
+        return "Adding a value to a 'datetime' column caused an overflow.";
+    if (state == "21000")
+        return "Subquery returned more than 1 value. This is not permitted when the subquery follows =, !=, <, <= , >, "
+               ">= or when the subquery is used as an expression.";
+    return text;
+}
+
+PostgresError ErrorOf(PGconn* connection, const PGresult* result)
+{
+    const std::string state = result == nullptr ? std::string{} : FieldOf(result, PG_DIAG_SQLSTATE);
+    if (state.empty() || PQstatus(connection) == CONNECTION_BAD)
+        return {"", OneLine(PQerrorMessage(connection))};
+    return {state, ErrorText(result, state)};
+}
+
+bool Failed(const PGresult* result)
+{
+    const ExecStatusType status = PQresultStatus(result);
+    return status == PGRES_FATAL_ERROR || status == PGRES_BAD_RESPONSE;
+}
+
+/// Waits for the server to take the connection, but no longer than until `end`.
+PostgresPollingStatusType WaitForServer(PGconn* connection, Clock::time_point end)
+{
+    PostgresPollingStatusType status = PGRES_POLLING_WRITING;
+    while (status != PGRES_POLLING_OK && status != PGRES_POLLING_FAILED) {
+        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now()).count();
+        if (left <= 0)
+            return status;
+        pollfd socket{PQsocket(connection), static_cast<short>(status == PGRES_POLLING_READING ? POLLIN : POLLOUT), 0};
+        if (poll(&socket, 1, static_cast<int>(left)) > 0)
+            status = PQconnectPoll(connection);
+    }
+    return status;
+}
+
+std::string ParameterOf(PGconn* connection, const char* keyword)
+{
+    std::string found;
+    PQconninfoOption* options = PQconninfo(connection);
+    for (PQconninfoOption* option = options; option != nullptr && option->keyword != nullptr; ++option)
+        if (std::string_view(option->keyword) == keyword && option->val != nullptr)
+            found = option->val;
+    PQconninfoFree(options);
+    return found;
+}
+
+void CheckText(const std::string& text)
+{
+    char* failure = nullptr;
+    PQconninfoOption* options = PQconninfoParse(text.c_str(), &failure);
+    const std::string told = OneLine(failure);
+    PQconninfoFree(options);
+    PQfreemem(failure);
+    if (options == nullptr)
+        throw DatabaseError("The connection text of the PostgreSQL server makes no sense: " + told);
+}
+
+/// The library hands back notices on standard error unless it is told otherwise.
+void DropNotice(void*, const PGresult*) {}
+
+}
+
+int PostgresRows::RowCount() const
+{
+    return PQntuples(RawResult(result));
+}
+
+int PostgresRows::ChangedCount() const
+{
+    return std::atoi(PQcmdTuples(static_cast<PGresult*>(result.get())));
+}
+
+bool PostgresRows::IsNull(int row, int column) const
+{
+    return PQgetisnull(RawResult(result), row, column) == 1;
+}
+
+std::string_view PostgresRows::Text(int row, int column) const
+{
+    return {PQgetvalue(RawResult(result), row, column),
+            static_cast<std::size_t>(PQgetlength(RawResult(result), row, column))};
+}
+
+/// What travels in one round trip: how many answers must come, and which of them prepare a statement.
+struct PostgresSession::Flight {
+    struct Answer {
+        bool wanted;
+        std::string prepares;
+    };
+    std::vector<Answer> answers;
+    std::vector<PostgresRows> rows;
+};
+
+PostgresSession::PostgresSession(const std::string& connectionText)
+{
+    CheckText(connectionText);
+    constexpr auto patience = std::chrono::milliseconds(9'500);
+    const auto end = Clock::now() + patience;
+    const std::array<const char*, 6> names{"dbname",          "client_encoding",  "application_name",
+                                           "keepalives_idle", "tcp_user_timeout", nullptr};
+    const std::array<const char*, 6> values{connectionText.c_str(), "UTF8", "Rovanta", "60", "60000", nullptr};
+    PGconn* opened = PQconnectStartParams(names.data(), values.data(), 1);
+    if (opened == nullptr)
+        throw DatabaseError("There is no memory left for a connection.");
+    connection = {opened, [](void* held) { PQfinish(static_cast<PGconn*>(held)); }};
+    const PostgresPollingStatusType status =
+        PQstatus(opened) == CONNECTION_BAD ? PGRES_POLLING_FAILED : WaitForServer(opened, end);
+    database = ParameterOf(opened, "dbname");
+    const std::string what = "The PostgreSQL database '" + database + "' cannot be opened: ";
+    if (status == PGRES_POLLING_FAILED)
+        throw DatabaseError(what + OneLine(PQerrorMessage(opened)));
+    if (status != PGRES_POLLING_OK)
+        throw DatabaseError(what + "the server '" + ParameterOf(opened, "host") + "' did not answer within 10 seconds");
+    PQsetNoticeReceiver(opened, DropNotice, nullptr);
+    const char* encoding = PQparameterStatus(opened, "server_encoding");
+    if (encoding == nullptr || std::string_view(encoding) != "UTF8")
+        throw DatabaseError(what + "its encoding is " + (encoding == nullptr ? "unknown" : encoding) +
+                            ", and the office needs UTF8");
+}
+
+PostgresSession::~PostgresSession() = default;
+
+void PostgresSession::Forget(const std::string& name)
+{
+    for (auto place = recent.begin(); place != recent.end(); ++place) {
+        if (place->name != name)
+            continue;
+        byText.erase(place->text);
+        recent.erase(place);
+        return;
+    }
+}
+
+/// A statement out of those used last; the one that must go for it is taken from the server as well.
+PostgresSession::Prepared& PostgresSession::Remember(const std::string& text,
+                                                     std::vector<PostgresCommand>& housekeeping)
+{
+    if (const auto found = byText.find(text); found != byText.end()) {
+        recent.splice(recent.begin(), recent, found->second);
+        return recent.front();
+    }
+    recent.push_front({text, "rovanta_" + std::to_string(++nextName), false});
+    byText.emplace(recent.front().text, recent.begin());
+    constexpr std::size_t mostKept = 200;
+    if (recent.size() > mostKept) {
+        if (recent.back().known)
+            housekeeping.push_back({"DEALLOCATE " + recent.back().name, {}, false});
+        Forget(recent.back().name);
+    }
+    return recent.front();
+}
+
+void PostgresSession::Send(const PostgresCommand& command, Flight& flight)
+{
+    const int count = static_cast<int>(command.arguments.size());
+    std::vector<Oid> types;
+    std::vector<const char*> values;
+    std::vector<int> lengths;
+    std::vector<int> formats;
+    for (const PostgresArgument& argument : command.arguments) {
+        types.push_back(static_cast<Oid>(argument.type));
+        values.push_back(argument.text ? argument.text->c_str() : nullptr);
+        lengths.push_back(argument.text ? static_cast<int>(argument.text->size()) : 0);
+        // A text travels with its length, so that no character in it can end it early.
+        formats.push_back(argument.type == PostgresTypeNumber::Bpchar ? 1 : 0);
+    }
+    PGconn* raw = Raw(connection);
+    int sent = 0;
+    if (command.repeated) {
+        std::vector<PostgresCommand> housekeeping;
+        Prepared& prepared = Remember(command.text, housekeeping);
+        for (const PostgresCommand& other : housekeeping) {
+            PQsendQueryParams(raw, other.text.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0);
+            flight.answers.push_back({false, {}});
+        }
+        if (!prepared.known) {
+            PQsendPrepare(raw, prepared.name.c_str(), command.text.c_str(), count, types.data());
+            flight.answers.push_back({false, prepared.name});
+            // Whether it came to be is seen from the answer.
+            prepared.known = true;
+        }
+        sent = PQsendQueryPrepared(raw, prepared.name.c_str(), count, values.data(), lengths.data(), formats.data(), 0);
+    } else {
+        sent = PQsendQueryParams(raw, command.text.c_str(), count, types.data(), values.data(), lengths.data(),
+                                 formats.data(), 0);
+    }
+    if (sent == 0)
+        throw ErrorOf(raw, nullptr);
+    flight.answers.push_back({true, {}});
+}
+
+void PostgresSession::SendSync()
+{
+    if (PQpipelineSync(Raw(connection)) == 0)
+        throw ErrorOf(Raw(connection), nullptr);
+    ++roundTrips;
+}
+
+/// Takes every answer of the flight; the first error among them is thrown when all have come.
+void PostgresSession::Receive(Flight& flight)
+{
+    PGconn* raw = Raw(connection);
+    std::optional<PostgresError> failure;
+    for (const Flight::Answer& answer : flight.answers) {
+        PGresult* result = PQgetResult(raw);
+        if (result == nullptr && !failure)
+            failure = ErrorOf(raw, nullptr);
+        if (result == nullptr)
+            break;
+        const auto held = Owned(result);
+        if (Failed(result) && !failure)
+            failure = ErrorOf(raw, result);
+        if (failure && !answer.prepares.empty())
+            Forget(answer.prepares);
+        if (!failure && answer.wanted)
+            flight.rows.emplace_back(held);
+        if (PQstatus(raw) == CONNECTION_BAD)
+            break;
+        // Behind each command's answer stands an empty one.
+        while (PGresult* more = PQgetResult(raw))
+            PQclear(more);
+    }
+    while (PQstatus(raw) != CONNECTION_BAD) {
+        const auto last = Owned(PQgetResult(raw));
+        if (last == nullptr || PQresultStatus(RawResult(last)) == PGRES_PIPELINE_SYNC)
+            break;
+    }
+    PQexitPipelineMode(raw);
+    if (failure)
+        throw *failure;
+}
+
+std::vector<PostgresRows> PostgresSession::Run(const std::vector<PostgresCommand>& commands)
+{
+    PGconn* raw = Raw(connection);
+    if (PQstatus(raw) == CONNECTION_BAD)
+        throw PostgresError("", "The connection to the database server is gone.");
+    PQenterPipelineMode(raw);
+    Flight flight;
+    for (const PostgresCommand& command : commands)
+        Send(command, flight);
+    SendSync();
+    Receive(flight);
+    return std::move(flight.rows);
+}
+
+PostgresRows PostgresSession::RunScript(const std::string& script)
+{
+    ++roundTrips;
+    const auto result = Owned(PQexec(Raw(connection), script.c_str()));
+    if (result == nullptr || Failed(RawResult(result)))
+        throw ErrorOf(Raw(connection), RawResult(result));
+    return PostgresRows(result);
+}
+
+bool PostgresSession::TakeNews()
+{
+    PGconn* raw = Raw(connection);
+    PQconsumeInput(raw);
+    bool news = false;
+    while (PGnotify* notice = PQnotifies(raw)) {
+        news = news || notice->be_pid != PQbackendPID(raw);
+        PQfreemem(notice);
+    }
+    return news;
+}
+
+}
