@@ -260,6 +260,7 @@ public:
         const std::vector<DriverColumn> columns = Describe(sent.get());
         RowSet rows;
         rows.cells = ReadCells(sent.get(), columns);
+        rows.rowCount = rows.cells.size() / columns.size();
         ReadToEnd(sent.get());
         rows.shape = ShapeOf(select, columns);
         AddRowKeys(rows);
@@ -274,16 +275,16 @@ public:
             if (const std::vector<Value> cells = ReadCells(sent.get(), Describe(sent.get())); !cells.empty())
                 number = cells.front();
         } while (NextResult(sent.get()));
-        return {number, number};
+        return {NumberOfRow(number), number};
     }
 
-    bool Update(const TableInfo& table, Value& rowKey, const std::vector<ColumnValue>& changes,
+    bool Update(const TableInfo& table, std::int64_t& rowKey, const std::vector<ColumnValue>& changes,
                 const std::vector<ColumnValue>& read) override
     {
         return RowsChanged(SqlServerUpdate(table, rowKey, changes, read)) > 0;
     }
 
-    bool Delete(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& read) override
+    bool Delete(const TableInfo& table, std::int64_t rowKey, const std::vector<ColumnValue>& read) override
     {
         return RowsChanged(SqlServerDelete(table, rowKey, read)) > 0;
     }
@@ -423,12 +424,18 @@ private:
             [](const std::string& name, const DriverColumn& column) { return EqualNoCase(name, column.name); });
     }
 
+    static std::int64_t NumberOfRow(const Value& cell)
+    {
+        const auto* number = std::get_if<std::int64_t>(&cell.Get());
+        return number != nullptr ? *number : noRowNumber;
+    }
+
     /// A row is found again by its number, where the table numbers its rows and the statement reads the number.
     static void AddRowKeys(RowSet& rows)
     {
         if (!rows.shape->Updatable())
             return;
-        rows.rowKeys.resize(rows.RowCount());
+        rows.rowKeys.assign(rows.rowCount, noRowNumber);
         const std::vector<SourceColumn>& columns = rows.shape->Columns();
         const auto number = std::find_if(columns.begin(), columns.end(), [](const SourceColumn& column) {
             return column.column != nullptr && column.column->identity;
@@ -436,8 +443,8 @@ private:
         if (number == columns.end())
             return;
         const auto place = static_cast<std::size_t>(number - columns.begin());
-        for (std::size_t row = 0; row < rows.RowCount(); ++row)
-            rows.rowKeys[row] = rows.cells[row * columns.size() + place];
+        for (std::size_t row = 0; row < rows.rowCount; ++row)
+            rows.rowKeys[row] = NumberOfRow(rows.cells[row * columns.size() + place]);
     }
 
     void ReadCatalogue()

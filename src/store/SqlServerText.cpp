@@ -104,14 +104,14 @@ struct RowPlace {
     std::string condition;
 };
 
-RowPlace PlaceOf(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& read)
+RowPlace PlaceOf(const TableInfo& table, std::int64_t rowKey, const std::vector<ColumnValue>& read)
 {
     RowPlace place;
     const ColumnInfo* identity = table.Identity();
-    if (identity != nullptr ? rowKey.IsNull() : read.empty())
+    if (identity != nullptr ? rowKey == noRowNumber : read.empty())
         throw DatabaseError("Insufficient key column information for updating or refreshing.");
     if (identity != nullptr)
-        place.condition = SqlServerName(identity->name) + " = " + SqlServerLiteral(rowKey, identity->type.kind);
+        place.condition = SqlServerName(identity->name) + " = " + std::to_string(rowKey);
     else
         place.top = " TOP (1)";
     for (const ColumnValue& value : read)
@@ -170,7 +170,7 @@ std::string SqlServerInsert(const TableInfo& table, const std::vector<ColumnValu
     return text;
 }
 
-std::string SqlServerUpdate(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& changes,
+std::string SqlServerUpdate(const TableInfo& table, std::int64_t rowKey, const std::vector<ColumnValue>& changes,
                             const std::vector<ColumnValue>& read)
 {
     const RowPlace place = PlaceOf(table, rowKey, read);
@@ -181,7 +181,7 @@ std::string SqlServerUpdate(const TableInfo& table, const Value& rowKey, const s
     return "UPDATE" + place.top + " " + SqlServerName(table.name) + " SET " + assignments + " WHERE " + place.condition;
 }
 
-std::string SqlServerDelete(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& read)
+std::string SqlServerDelete(const TableInfo& table, std::int64_t rowKey, const std::vector<ColumnValue>& read)
 {
     const RowPlace place = PlaceOf(table, rowKey, read);
     return "DELETE" + place.top + " FROM " + SqlServerName(table.name) + " WHERE " + place.condition;

@@ -2,7 +2,8 @@
 
 #include "store/Engine.h"
 
-#include <optional>
+#include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -37,11 +38,14 @@ std::string SqlServerLiteral(const Value& value, TypeKind kind);
 /// Adds a row; where the table numbers its rows, the number comes back as a row of its own.
 std::string SqlServerInsert(const TableInfo& table, const std::vector<ColumnValue>& values);
 
+/// The key of a row whose number was not read, or that has none.
+inline constexpr std::int64_t noRowNumber = std::numeric_limits<std::int64_t>::min();
+
 /// Changes, or deletes, the row of that number if it still holds what was read. A row without a number is found by what
 /// was read alone, and of several equal ones it is one. Throws DatabaseError when the table numbers its rows and the
 /// number was not read: then what was read may stand for another row as well.
-std::string SqlServerUpdate(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& changes,
+std::string SqlServerUpdate(const TableInfo& table, std::int64_t rowKey, const std::vector<ColumnValue>& changes,
                             const std::vector<ColumnValue>& read);
-std::string SqlServerDelete(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& read);
+std::string SqlServerDelete(const TableInfo& table, std::int64_t rowKey, const std::vector<ColumnValue>& read);
 
 }

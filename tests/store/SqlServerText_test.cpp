@@ -61,7 +61,7 @@ TEST_CASE("A row is written with its number asked for, and found again by the nu
     CHECK(SqlServerUpdate(bus, 5, changes, read) ==
           "UPDATE [Bus] SET [Name] = 'Coach 12' WHERE [ID] = 5 AND [Name] IS NULL AND [Lease] = 900.5000");
     CHECK(SqlServerDelete(bus, 5, {}) == "DELETE FROM [Bus] WHERE [ID] = 5");
-    CHECK_THROWS_AS(SqlServerUpdate(bus, Value(), changes, read), DatabaseError);
+    CHECK_THROWS_AS(SqlServerUpdate(bus, noRowNumber, changes, read), DatabaseError);
 }
 
 TEST_CASE("A row without a number is one of those that stand as it was read, to the second")
@@ -71,10 +71,10 @@ TEST_CASE("A row without a number is one of those that stand as it was read, to 
     const Value since(DateTime::Of(2026, 3, 2, 23, 59, 59));
     const std::vector<ColumnValue> changes{{&company.columns[0], &rate}};
     CHECK(SqlServerInsert(company, {}) == "INSERT INTO [Company] DEFAULT VALUES");
-    CHECK(SqlServerUpdate(company, Value(), changes, {{&company.columns[1], &since}}) ==
+    CHECK(SqlServerUpdate(company, noRowNumber, changes, {{&company.columns[1], &since}}) ==
           "UPDATE TOP (1) [Company] SET [TaxRate] = 0.5E0 WHERE [Since] >= '3/2/2026 11:59:59 PM' AND [Since] < "
           "'3/3/2026'");
-    CHECK_THROWS_AS(SqlServerDelete(company, Value(), {}), DatabaseError);
+    CHECK_THROWS_AS(SqlServerDelete(company, noRowNumber, {}), DatabaseError);
 }
 
 TEST_CASE("The server's types count as the dialect's nearest ones")

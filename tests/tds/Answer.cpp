@@ -42,7 +42,7 @@ TypeKind KindOfColumn(const RowSet& rows, std::size_t column)
     const TypeKind declared = rows.shape->Columns()[column].type.kind;
     if (declared != TypeKind::Unknown)
         return declared;
-    for (std::size_t row = 0; row < rows.RowCount(); ++row)
+    for (std::size_t row = 0; row < rows.rowCount; ++row)
         if (const Value& value = rows.cells[row * rows.ColumnCount() + column]; !value.IsNull())
             return KindOf(value);
     return TypeKind::Int;
@@ -52,7 +52,7 @@ WireColumn TextColumn(const RowSet& rows, std::size_t column)
 {
     bool codePage = true;
     std::size_t longest = 1;
-    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+    for (std::size_t row = 0; row < rows.rowCount; ++row) {
         const std::string text = rows.cells[row * rows.ColumnCount() + column].TextOrEmpty();
         codePage = codePage && InCodePage(text).has_value();
         longest = std::max(longest, ToUtf16(text).size());
@@ -198,7 +198,7 @@ void Answer::Rows(const RowSet& rows)
     bytes.Byte(columnsToken).Number(columns.size(), 2);
     for (std::size_t i = 0; i < columns.size(); ++i)
         DescribeColumn(bytes, columns[i], rows.shape->Columns()[i]);
-    for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+    for (std::size_t row = 0; row < rows.rowCount; ++row) {
         bytes.Byte(rowToken);
         for (std::size_t i = 0; i < columns.size(); ++i)
             WriteCell(bytes, columns[i], rows.cells[row * columns.size() + i]);

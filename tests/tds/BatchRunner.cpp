@@ -32,7 +32,8 @@ RowSet MadeRows(const std::vector<std::pair<const char*, TypeKind>>& columns, st
     std::vector<SourceColumn> sources;
     for (const auto& [name, kind] : columns)
         sources.push_back({name, {kind, kind == TypeKind::Varchar ? 128 : 0}, nullptr, nullptr});
-    return {std::make_shared<ResultShape>(std::move(sources), nullptr), std::move(cells), {}};
+    const std::size_t rowCount = cells.size() / columns.size();
+    return {std::make_shared<ResultShape>(std::move(sources), nullptr), std::move(cells), {}, rowCount};
 }
 
 /// An UPDATE or DELETE, cut where the count of its rows needs it.
@@ -153,7 +154,7 @@ bool BatchRunner::Run(const std::string& batch, Answer& answer)
             const Outcome outcome = RunOne(statements[i], more ? statements[i + 1] : "");
             if (outcome.rows)
                 answer.Rows(*outcome.rows);
-            answer.Done(more, outcome.rows ? static_cast<std::int64_t>(outcome.rows->RowCount()) : outcome.rowsChanged);
+            answer.Done(more, outcome.rows ? static_cast<std::int64_t>(outcome.rows->rowCount) : outcome.rowsChanged);
         }
         return true;
     } catch (const RunTimeError& error) {
@@ -289,7 +290,7 @@ std::int64_t BatchRunner::ChangeOne(const std::string& change, const std::string
 {
     Engine& engine = connection.GetEngine();
     const RowSet found = engine.Query("SELECT TOP 1 * FROM " + table + " " + condition);
-    if (found.RowCount() == 0)
+    if (found.rowCount == 0)
         return 0;
     const TableInfo& target = *found.shape->Updatable();
     const ParsedStatement parsed = ParseStatement(ReadTokens(change));
@@ -305,7 +306,7 @@ std::int64_t BatchRunner::ChangeOne(const std::string& change, const std::string
     std::vector<ColumnValue> changes;
     for (std::size_t i = 0; i < values.size(); ++i)
         changes.push_back({columns[i], &values[i]});
-    Value key = found.rowKeys[0];
+    std::int64_t key = found.rowKeys[0];
     return engine.Update(target, key, changes, {}) ? 1 : 0;
 }
 
