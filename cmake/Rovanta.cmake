@@ -12,7 +12,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   add_compile_options(-fpch-preprocess)
   if(CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # Optimised, this compiler takes the short text inside a std::string for an array that is overrun: a false alarm.
-    add_compile_options(-Wno-restrict -Wno-array-bounds)
+    add_compile_options($<$<CONFIG:RelWithDebInfo>:-Wno-restrict> $<$<CONFIG:RelWithDebInfo>:-Wno-array-bounds>)
   endif()
 endif()
 if(ROVANTA_SANITIZE)
