@@ -6,29 +6,38 @@
 
 namespace rovanta::bench {
 
-BarePass::BarePass(BareDatabase& database)
+BarePass::BarePass(BareDatabase& database, const std::string& type)
     : busType(database, "SELECT Type FROM Bus WHERE ID = ?"),
-      clearPool(database, "DELETE FROM tmpInvoiceList WHERE TourID = ? AND Type = 'Daily'"),
-      fillPool(database, "INSERT INTO tmpInvoiceList (InvoiceID, TourID, Type) SELECT ID, TourID, Type FROM Invoice "
-                         "WHERE TourID = ? AND Type = 'Daily'"),
-      clearLines(database, "DELETE FROM InvoiceItems WHERE TourID = ? AND Type = 'Daily'"),
-      nextReusable(database, "SELECT *, rowid FROM tmpInvoiceList WHERE TourID = ? AND Type = 'Daily' ORDER BY "
-                             "InvoiceID LIMIT 1"),
+      clearPool(database, std::string("DELETE FROM tmpInvoiceList WHERE TourID = ? AND Type = '") + type + "'"),
+      fillPool(database, std::string("INSERT INTO tmpInvoiceList (InvoiceID, TourID, Type) SELECT ID, TourID, Type "
+                                     "FROM Invoice WHERE TourID = ? AND Type = '") +
+                             type + "'"),
+      clearLines(database, std::string("DELETE FROM InvoiceItems WHERE TourID = ? AND Type = '") + type + "'"),
+      nextReusable(database, std::string("SELECT *, rowid FROM tmpInvoiceList WHERE TourID = ? AND Type = '") + type +
+                                 "' ORDER BY InvoiceID LIMIT 1"),
       takeReusable(database, "DELETE FROM tmpInvoiceList WHERE rowid = ?"),
       head(database, "SELECT * FROM Invoice WHERE ID = ?"),
-      update(database, "UPDATE Invoice SET TourID = ?, CustomerID = ?, InvoiceDate = ?, DueDate = ?, SubTotal = ?, "
-                       "Tax = ?, InvoiceTotal = ?, Type = 'Daily', EnteredBy = 'office', EnteredDate = ?, Notes = ?, "
-                       "NeedsUpdated = 'YES' WHERE ID = ?"),
+      update(database, std::string("UPDATE Invoice SET TourID = ?, CustomerID = ?, InvoiceDate = ?, DueDate = ?, "
+                                   "SubTotal = ?, Tax = ?, InvoiceTotal = ?, Type = '") +
+                           type +
+                           "', EnteredBy = 'office', EnteredDate = ?, Notes = ?, NeedsUpdated = 'YES' WHERE ID = ?"),
       anyHead(database, "SELECT * FROM Invoice LIMIT 1"),
-      insert(database, "INSERT INTO Invoice (TourID, CustomerID, InvoiceDate, DueDate, SubTotal, Tax, InvoiceTotal, "
-                       "Type, EnteredBy, EnteredDate, Paid) VALUES (?, ?, ?, ?, ?, ?, ?, 'Daily', 'office', ?, 0)"),
-      line(database, "INSERT INTO InvoiceItems VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, 'Daily', ?, ?, ?)"),
-      leftovers(database, "SELECT * FROM Invoice WHERE ID IN (SELECT InvoiceID FROM tmpInvoiceList WHERE TourID = ? "
-                          "AND Type = 'Daily')"),
-      dropLines(database, "DELETE FROM InvoiceItems WHERE InvoiceID IN (SELECT InvoiceID FROM tmpInvoiceList WHERE "
-                          "TourID = ? AND Type = 'Daily')"),
-      leftPayments(database, "SELECT * FROM InvoicePayments WHERE InvoiceID IN (SELECT InvoiceID FROM tmpInvoiceList "
-                             "WHERE TourID = ? AND Type = 'Daily')"),
+      insert(database, std::string("INSERT INTO Invoice (TourID, CustomerID, InvoiceDate, DueDate, SubTotal, Tax, "
+                                   "InvoiceTotal, Type, EnteredBy, EnteredDate, Paid) VALUES (?, ?, ?, ?, ?, ?, ?, '") +
+                           type + "', 'office', ?, 0)"),
+      line(database, std::string("INSERT INTO InvoiceItems VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, '") +
+                         type + "', ?, ?, ?)"),
+      leftovers(
+          database,
+          std::string(
+              "SELECT * FROM Invoice WHERE ID IN (SELECT InvoiceID FROM tmpInvoiceList WHERE TourID = ? AND Type = '") +
+              type + "')"),
+      dropLines(database, std::string("DELETE FROM InvoiceItems WHERE InvoiceID IN (SELECT InvoiceID FROM "
+                                      "tmpInvoiceList WHERE TourID = ? AND Type = '") +
+                              type + "')"),
+      leftPayments(database, std::string("SELECT * FROM InvoicePayments WHERE InvoiceID IN (SELECT InvoiceID FROM "
+                                         "tmpInvoiceList WHERE TourID = ? AND Type = '") +
+                                 type + "')"),
       invoiceList(database, "SELECT * FROM Invoice WHERE TourID = ? ORDER BY InvoiceDate, ID"),
       paymentList(database, "SELECT * FROM InvoicePayments WHERE InvoiceID IN (SELECT ID FROM Invoice WHERE TourID = "
                             "?) ORDER BY PaymentDate, InvoiceID")

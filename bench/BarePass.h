@@ -5,11 +5,12 @@
 
 namespace rovanta::bench {
 
-/// What a daily pass does at the database, statement by statement, in plain C API calls. The invoices are worked out
+/// What a pass does at the database, statement by statement, in plain C API calls. The invoices are worked out
 /// beforehand: the database's part alone is measured here.
 class BarePass {
 public:
-    explicit BarePass(BareDatabase& database);
+    /// `type` is the word of the pass: "Daily" or "Monthly".
+    explicit BarePass(BareDatabase& database, const std::string& type = "Daily");
 
     void Run(sqlite3_int64 tour, sqlite3_int64 customer, const std::vector<std::string>& busIDs,
              const std::vector<PlannedInvoice>& invoices, const std::string& now);

@@ -12,6 +12,7 @@ class Desk;
 std::vector<Result> MeasureTours(const BenchOffice& office, Desk& desk);
 std::vector<Result> MeasurePricing(const BenchOffice&, Desk& desk);
 std::vector<Result> MeasureDailyPass(const BenchOffice& office, Desk& desk);
+std::vector<Result> MeasureBilling(const BenchOffice& office, Desk& desk);
 std::vector<Result> MeasureLists(const BenchOffice& office, Desk& desk);
 std::vector<Result> MeasureStatements(const BenchOffice& office);
 /// Starts the programs that lie in a folder, each as a process of its own.

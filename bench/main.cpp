@@ -18,11 +18,13 @@ constexpr const char* usage = R"(Usage: rovanta-bench [--folder DIR] [--results 
 Measures the program beside bare statements in an office of 20,000 tours and prints a table.
   --folder DIR     where the office is made; its disk is what the saves wait for. The temporary folder without it
   --results FILE   writes the table there, too
+  --only WORD      measures one part alone: starts, tours, pricing, passes, billing, lists or statements
 )";
 
 struct Options {
     std::filesystem::path folder = std::filesystem::temp_directory_path();
     std::string results;
+    std::string only;
     bool help = false;
 };
 
@@ -34,10 +36,14 @@ Options ReadOptions(const std::vector<std::string>& arguments)
             options.help = true;
             return options;
         }
-        if (i + 1 == arguments.size() || (arguments[i] != "--folder" && arguments[i] != "--results"))
+        const std::string& option = arguments[i];
+        const bool known = option == "--folder" || option == "--results" || option == "--only";
+        if (i + 1 == arguments.size() || !known)
             throw std::runtime_error("What is \"" + arguments[i] + "\"? --help tells the options.");
-        if (arguments[i] == "--folder")
+        if (option == "--folder")
             options.folder = arguments[++i];
+        else if (option == "--only")
+            options.only = arguments[++i];
         else
             options.results = arguments[++i];
     }
@@ -86,9 +92,14 @@ std::string Report(const std::vector<Result>& results, double commit)
 
 class Run {
 public:
+    explicit Run(std::string only) : only(std::move(only)) {}
+
+    bool Wants(const std::string& what) const { return only.empty() || what == only; }
     void Measure(const char* what, std::vector<Result> (*work)(const BenchOffice&, Desk&),
                  const std::string& remark = "")
     {
+        if (!Wants(what))
+            return;
         std::cerr << "Measuring " << what << remark << "...\n";
         Add(work(*office, *desk), remark);
     }
@@ -110,21 +121,28 @@ public:
     std::vector<Result> results;
     std::unique_ptr<BenchOffice> office;
     std::unique_ptr<Desk> desk;
+
+private:
+    std::string only;
 };
 
-std::string MeasureAll(const std::filesystem::path& folder)
+std::string MeasureAll(const std::filesystem::path& folder, const std::string& only)
 {
     StatementCounter::WatchNewConnections();
-    Run run;
+    Run run(only);
     run.MakeOffice(folder);
-    std::cerr << "Measuring starts...\n";
-    run.Add(MeasureStart(*run.office, std::filesystem::read_symlink("/proc/self/exe").parent_path()));
+    if (run.Wants("starts")) {
+        std::cerr << "Measuring starts...\n";
+        run.Add(MeasureStart(*run.office, std::filesystem::read_symlink("/proc/self/exe").parent_path()));
+    }
     run.OpenDesk();
     run.Measure("tours", MeasureTours);
     run.Measure("pricing", MeasurePricing);
-    run.Measure("daily passes", MeasureDailyPass);
+    run.Measure("passes", MeasureDailyPass);
+    run.Measure("billing", MeasureBilling);
     run.Measure("lists", MeasureLists);
-    run.Add(MeasureStatements(*run.office));
+    if (run.Wants("statements"))
+        run.Add(MeasureStatements(*run.office));
     const double commit = MillisecondsOfCommit(*run.office);
     // Where each commit waits for a disk, the wait hides what the program itself adds. Here nothing does.
     const std::filesystem::path memory = "/dev/shm";
@@ -132,7 +150,8 @@ std::string MeasureAll(const std::filesystem::path& folder)
         run.MakeOffice(memory);
         run.OpenDesk();
         run.Measure("tours", MeasureTours, ", no disk to wait for");
-        run.Measure("daily passes", MeasureDailyPass, ", no disk to wait for");
+        run.Measure("passes", MeasureDailyPass, ", no disk to wait for");
+        run.Measure("billing", MeasureBilling, ", no disk to wait for");
     }
     return Report(run.results, commit);
 }
@@ -157,7 +176,7 @@ int main(int count, char** values)
             std::cout << rovanta::bench::usage;
             return 0;
         }
-        const std::string report = rovanta::bench::MeasureAll(options.folder);
+        const std::string report = rovanta::bench::MeasureAll(options.folder, options.only);
         std::cout << report;
         if (!options.results.empty())
             rovanta::bench::WriteFile(options.results, report);

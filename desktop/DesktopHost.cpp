@@ -24,6 +24,12 @@ DesktopHost::DesktopHost() : main(gate)
         exitCode = code;
         QCoreApplication::exit(code);
     };
+    main.roomChanged = [this] {
+        for (auto& [form, each] : open) {
+            if (!each.window->IsRoomy() && each.frame->isVisible() && each.frame->pos() == each.middle)
+                MoveToMiddle(each);
+        }
+    };
     QObject::connect(&main.Area(), &QMdiArea::subWindowActivated, &main, [this](QMdiSubWindow* frame) {
         for (const auto& [form, each] : open) {
             if (each.frame == frame)
@@ -194,7 +200,7 @@ void DesktopHost::FormLoaded(Form& form)
     auto* frame = new FormFrame(*window, [this, &form] { CloseByHand(form); });
     main.Area().addSubWindow(frame);
     frame->hide();
-    OpenForm& entry = open[&form] = {window, frame};
+    OpenForm& entry = open[&form] = {window, frame, {}};
     window->isInFront = [this, frame] { return main.Area().activeSubWindow() == frame; };
     window->formChanged = [this, &form, &entry] { ShowForm(form, entry); };
 }
@@ -220,26 +226,32 @@ void DesktopHost::ShowForm(Form& form, OpenForm& entry)
     if (entry.frame->isHidden() == !form.Visible())
         return;
     if (form.Visible()) {
-        Place(*entry.window, *entry.frame);
+        Place(entry);
         entry.frame->show();
     } else {
         entry.frame->hide();
     }
 }
 
-void DesktopHost::Place(const FormWindow& window, QMdiSubWindow& frame) const
+void DesktopHost::Place(OpenForm& entry) const
 {
     const QSize room = main.Area().viewport()->size();
-    const QSize wanted = frame.sizeHint().expandedTo(frame.minimumSizeHint());
-    frame.resize(wanted.boundedTo(room));
-    if (window.IsRoomy()) {
-        frame.move(0, 0);
-        return;
-    }
-    // A small box stands in the middle, a little above it.
+    const QSize wanted = entry.frame->sizeHint().expandedTo(entry.frame->minimumSizeHint());
+    entry.frame->resize(wanted.boundedTo(room));
+    entry.frame->move(0, 0);
+    if (!entry.window->IsRoomy())
+        MoveToMiddle(entry);
+}
+
+void DesktopHost::MoveToMiddle(OpenForm& entry) const
+{
+    // A small box stands a little above the middle.
     constexpr int lift = 40;
-    frame.move(std::max(0, (room.width() - frame.width()) / 2),
-               std::max(0, (room.height() - lift - frame.height()) / 2));
+    const QSize room = main.Area().viewport()->size();
+    const QSize size = entry.frame->size();
+    entry.middle = {std::max(0, (room.width() - size.width()) / 2),
+                    std::max(0, (room.height() - lift - size.height()) / 2)};
+    entry.frame->move(entry.middle);
 }
 
 void DesktopHost::CloseByHand(Form& form)

@@ -4,6 +4,7 @@
 #include "desktop/MainWindow.h"
 #include "forms/Host.h"
 
+#include <QPoint>
 #include <map>
 #include <memory>
 #include <string>
@@ -52,11 +53,14 @@ private:
     struct OpenForm {
         FormWindow* window;
         QMdiSubWindow* frame;
+        /// Where a small box was put; it stays in the middle until a person moves it.
+        QPoint middle;
     };
 
     void Settle();
     void ShowForm(Form& form, OpenForm& open);
-    void Place(const FormWindow& window, QMdiSubWindow& frame) const;
+    void Place(OpenForm& entry) const;
+    void MoveToMiddle(OpenForm& entry) const;
     void CloseByHand(Form& form);
     void TellFailure(const std::string& text);
     void ShowStanding();

@@ -13,6 +13,8 @@ namespace rovanta {
 
 void GridView::mousePressEvent(QMouseEvent* event)
 {
+    if (gone)
+        return;
     const QPoint place = event->position().toPoint();
     const GridCell cell = CellAt(place);
     EndEdit(true);
@@ -51,6 +53,8 @@ void GridView::Press(GridCell cell, Qt::KeyboardModifiers keys)
 
 void GridView::mouseReleaseEvent(QMouseEvent* event)
 {
+    if (gone)
+        return;
     draggedEdge.reset();
     if (event->button() != Qt::LeftButton || !pressed.IsSet())
         return;
@@ -69,6 +73,8 @@ void GridView::mouseReleaseEvent(QMouseEvent* event)
 
 void GridView::mouseMoveEvent(QMouseEvent* event)
 {
+    if (gone)
+        return;
     const QPoint place = event->position().toPoint();
     if (draggedEdge) {
         columns.Drag(*draggedEdge, place.x() - X(*draggedEdge));
@@ -102,6 +108,8 @@ void GridView::Hover(GridCell cell)
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event)
 {
+    if (gone)
+        return;
     const QPoint place = event->position().toPoint();
     if (event->button() != Qt::LeftButton)
         return;

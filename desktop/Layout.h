@@ -114,7 +114,7 @@ Node Wide(const char* control, int digits);
 Node Lines(const char* control, int lines);
 /// A control without its caption and note.
 Node Bare(Node control);
-/// A box that is read more than it is written: its text stands large, without a frame.
+/// A box that is read more than it is written: its text stands large, and its frame shows when somebody turns to it.
 Node Display(const char* control);
 /// A piece with its share of the room that is left beside its neighbours.
 Node Weighted(int weight, Node node);

@@ -184,6 +184,8 @@ void LayoutBuilder::PlaceControl(const Node& node, QBoxLayout& into)
     }
     pair->addWidget(label);
     pair->addWidget(box, growing ? 1 : 0);
+    if (node.display)
+        pair->addStretch();
     into.addLayout(pair, node.weight ? node.weight : (growing ? 1 : 0));
 }
 
@@ -275,7 +277,7 @@ void LayoutBuilder::PlaceField(const Node& node, QGridLayout& grid, int row)
 void LayoutBuilder::PlaceTable(const Node& node, QBoxLayout& into)
 {
     auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(Look::gap);
+    grid->setHorizontalSpacing(Look::gap - 2);
     grid->setVerticalSpacing(Look::halfGap / 2);
     into.addLayout(grid, node.weight);
     int row = 0;
@@ -307,7 +309,7 @@ void LayoutBuilder::PlaceCell(const Node& node, QGridLayout& grid, int row, int 
             const auto* edit = qobject_cast<QLineEdit*>(&binder.Widget());
             if (auto* label = qobject_cast<QLabel*>(heading);
                 label && (mark || (edit && edit->alignment() & Qt::AlignRight)))
-                label->setAlignment(Qt::AlignBottom | (mark ? Qt::AlignHCenter : Qt::AlignRight));
+                label->setAlignment(Qt::AlignVCenter | (mark ? Qt::AlignHCenter : Qt::AlignRight));
         }
         return;
     }

@@ -11,6 +11,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QVBoxLayout>
@@ -45,7 +46,8 @@ MainWindow::MainWindow(EventGate& gate)
     statusBar()->addWidget(user);
     statusBar()->addWidget(company, 1);
     statusBar()->addPermanentWidget(date);
-    resize(1440, 900);
+    area->viewport()->installEventFilter(this);
+    resize(QSize(1440, 900).boundedTo(screen()->availableSize()));
 }
 
 QAction* MainWindow::ActionOf(const MenuItem& item) const
@@ -152,6 +154,13 @@ void MainWindow::PickWindow(int index)
     auto* window = index < 0 ? nullptr : qobject_cast<QMdiSubWindow*>(strip->tabData(index).value<QObject*>());
     if (window && area->subWindowList().contains(window))
         area->setActiveSubWindow(window);
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == area->viewport() && event->type() == QEvent::Resize && roomChanged)
+        roomChanged();
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -4,6 +4,7 @@
 #include "forms/Menu.h"
 
 #include <QMainWindow>
+#include <functional>
 #include <map>
 
 class QAction;
@@ -39,8 +40,12 @@ public:
     void RefreshStrip();
     QAction* ActionOf(const MenuItem& item) const;
 
+    /// Told when the room for the windows inside has changed.
+    std::function<void()> roomChanged;
+
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void FillMenu(QMenu& menu, MenuItem& item);

@@ -120,6 +120,9 @@ void OfficeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
 {
     switch (element) {
     case PE_PanelLineEdit:
+        // A figure that is read more than it is written shows its frame when somebody turns to it.
+        if (widget && widget->property("display").toBool() && !(option->state & (State_HasFocus | State_MouseOver)))
+            return;
         // The line inside a combo or a date box is drawn by its owner.
         if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option); frame && frame->lineWidth > 0)
             DrawBoxFrame(*option, *painter, BoxFill(*option));

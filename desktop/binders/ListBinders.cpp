@@ -64,8 +64,9 @@ void ComboBinder::Refresh()
     model->Show(combo.Entries());
     box->setCurrentIndex(combo.ListIndex());
     const QString text = QString::fromStdString(combo.Text());
+    // Without any placeholder the toolkit would choose the first entry by itself.
     if (!box->isEditable())
-        box->setPlaceholderText(text);
+        box->setPlaceholderText(text.isEmpty() ? QString(" ") : text);
     else if (box->lineEdit()->text() != text)
         box->lineEdit()->setText(text);
 }

@@ -7,7 +7,7 @@
 namespace rovanta {
 
 static constexpr int moneyDigits = 11;
-static constexpr int phoneDigits = 14;
+static constexpr int phoneDigits = 13;
 static constexpr int leastDigits = 10;
 
 static bool IsNumberBox(const MaskedBox* box)
@@ -31,14 +31,14 @@ static void SizeLine(QLineEdit& edit, const MaskedBox* masked, const Node& node)
 }
 
 LineBinder::LineBinder(FormWindow& window, TextControl& box, const Node& node)
-    : Binder(window, box), box(box), masked(dynamic_cast<const MaskedBox*>(&box)), edit(new QLineEdit),
-      displayOnly(node.display)
+    : Binder(window, box), box(box), masked(dynamic_cast<const MaskedBox*>(&box)), edit(new QLineEdit)
 {
     SetWidget(edit);
     if (IsNumberBox(masked) || node.number)
         edit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     if (node.display) {
-        edit->setFrame(false);
+        edit->setProperty("display", true);
+        edit->setAttribute(Qt::WA_Hover);
         edit->setFont(Look::Font(11, QFont::DemiBold));
         QPalette quiet = edit->palette();
         quiet.setColor(QPalette::Base, Qt::transparent);
@@ -59,9 +59,8 @@ QString LineBinder::Shown() const
 
 void LineBinder::Refresh()
 {
-    const bool readOnly = box.ReadOnly() || displayOnly;
-    edit->setReadOnly(readOnly);
-    edit->setFocusPolicy(readOnly ? Qt::ClickFocus : Qt::StrongFocus);
+    edit->setReadOnly(box.ReadOnly());
+    edit->setFocusPolicy(box.ReadOnly() ? Qt::ClickFocus : Qt::StrongFocus);
     const QString shown = Shown();
     if (edit->text() == shown)
         return;

@@ -24,7 +24,6 @@ private:
     TextControl& box;
     const MaskedBox* masked;
     QLineEdit* edit;
-    bool displayOnly;
     bool enteredByMouse = false;
 };
 

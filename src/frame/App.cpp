@@ -137,14 +137,19 @@ Screen* App::Find(std::string_view name) const
 
 void App::Unload(Form& form)
 {
-    const auto found =
-        std::find_if(loaded.begin(), loaded.end(), [&](const auto& screen) { return screen.get() == &form; });
-    if (found == loaded.end())
+    const auto find = [&] {
+        return std::find_if(loaded.begin(), loaded.end(), [&](const auto& screen) { return screen.get() == &form; });
+    };
+    if (find() == loaded.end())
         return;
     form.Unload.Fire();
     form.SetVisible(false);
     host.FormUnloaded(form);
     form.SetView(nullptr);
+    // The screen's own routine may have opened and closed others, so its place is looked up only now.
+    const auto found = find();
+    if (found == loaded.end())
+        return;
     closed.push_back(std::move(*found));
     loaded.erase(found);
 }

@@ -24,7 +24,10 @@ static std::string LockFilePath(std::string machine)
 SecondCopyGuard::SecondCopyGuard(const std::string& machine)
 {
     const std::string path = LockFilePath(machine);
-    file = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    // A mark that another user has made is only opened: the system may forbid to ask for its making.
+    file = open(path.c_str(), O_RDWR | O_CLOEXEC);
+    if (file < 0)
+        file = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
     if (file < 0)
         throw RunTimeError("The mark of a running copy cannot be made: " + path);
     // Every user of the machine must be able to see the mark, whatever the mask of the one who made it.

@@ -16,7 +16,7 @@ struct ColumnValue {
 
 /// A new row as the database took it.
 struct InsertedRow {
-    Value rowKey;
+    std::int64_t rowKey;
     /// The number that the database gave it; NULL where the table has no such column.
     Value identity;
 };
@@ -39,10 +39,10 @@ public:
     virtual InsertedRow Insert(const TableInfo& table, const std::vector<ColumnValue>& values) = 0;
     /// Writes `changes` to the row of that key if it still holds `read`, and makes the key that of the row as it stands
     /// then. False when there is no such row any more.
-    virtual bool Update(const TableInfo& table, Value& rowKey, const std::vector<ColumnValue>& changes,
+    virtual bool Update(const TableInfo& table, std::int64_t& rowKey, const std::vector<ColumnValue>& changes,
                         const std::vector<ColumnValue>& read) = 0;
     /// Deletes the row of that key if it still holds `read`. False when there is no such row any more.
-    virtual bool Delete(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& read) = 0;
+    virtual bool Delete(const TableInfo& table, std::int64_t rowKey, const std::vector<ColumnValue>& read) = 0;
 
     virtual Catalogue& Tables() = 0;
     /// Notes in the database which version of the schema it now holds.

@@ -86,13 +86,11 @@ public:
         const ColumnInfo* identity = table.Identity();
         command.text += " RETURNING " + (identity != nullptr ? PostgresName(identity->name) : "ctid");
         const PostgresRows inserted = RunOne(command);
-        if (identity == nullptr)
-            return {std::string(inserted.Text(0, 0)), {}};
-        const Value number = FromPostgres(inserted.Text(0, 0), TypeKind::BigInt);
-        return {number, number};
+        const std::int64_t rowKey = RowKeyFromPostgres(inserted.Text(0, 0));
+        return {rowKey, identity != nullptr ? Value(rowKey) : Value()};
     }
 
-    bool Update(const TableInfo& table, Value& rowKey, const std::vector<ColumnValue>& changes,
+    bool Update(const TableInfo& table, std::int64_t& rowKey, const std::vector<ColumnValue>& changes,
                 const std::vector<ColumnValue>& read) override
     {
         PostgresCommand command{"UPDATE " + PostgresName(table.name), {}, true};
@@ -108,11 +106,11 @@ public:
             return false;
         // The new version of the row lies elsewhere.
         if (table.Identity() == nullptr)
-            rowKey = std::string(changed.Text(0, 0));
+            rowKey = RowKeyFromPostgres(changed.Text(0, 0));
         return true;
     }
 
-    bool Delete(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& read) override
+    bool Delete(const TableInfo& table, std::int64_t rowKey, const std::vector<ColumnValue>& read) override
     {
         PostgresCommand command{"DELETE FROM " + PostgresName(table.name), {}, true};
         AddRowCondition(command, table, rowKey, read);
@@ -144,14 +142,11 @@ private:
         command.arguments.push_back(ToPostgres(*value.value, value.column->type.kind));
     }
 
-    static void AddRowCondition(PostgresCommand& command, const TableInfo& table, const Value& rowKey,
+    static void AddRowCondition(PostgresCommand& command, const TableInfo& table, std::int64_t rowKey,
                                 const std::vector<ColumnValue>& read)
     {
         const ColumnInfo* identity = table.Identity();
-        if (identity != nullptr)
-            command.arguments.push_back(ToPostgres(rowKey, identity->type.kind));
-        else
-            command.arguments.push_back({PostgresTypeNumber::TupleId, rowKey.Text()});
+        command.arguments.push_back(identity != nullptr ? ToPostgres(rowKey, identity->type.kind) : PlaceOfRow(rowKey));
         command.text += " WHERE " + (identity != nullptr ? PostgresName(identity->name) : "ctid") + " = $" +
                         std::to_string(command.arguments.size());
         for (const ColumnValue& value : read) {
@@ -369,8 +364,9 @@ private:
         RowSet rows;
         rows.shape = plan.shape;
         const std::vector<SourceColumn>& columns = plan.shape->Columns();
-        const TablePointer& table = plan.shape->Updatable();
-        rows.cells.reserve(static_cast<std::size_t>(answer.RowCount()) * columns.size());
+        const bool keyed = plan.shape->Updatable() != nullptr;
+        rows.rowCount = static_cast<std::size_t>(answer.RowCount());
+        rows.cells.reserve(rows.rowCount * columns.size());
         for (int row = 0; row < answer.RowCount(); ++row) {
             int index = 0;
             for (const SourceColumn& column : columns) {
@@ -378,9 +374,8 @@ private:
                     answer.IsNull(row, index) ? Value() : FromPostgres(answer.Text(row, index), column.type.kind));
                 ++index;
             }
-            if (table)
-                rows.rowKeys.push_back(FromPostgres(
-                    answer.Text(row, index), table->Identity() != nullptr ? TypeKind::BigInt : TypeKind::Varchar));
+            if (keyed)
+                rows.rowKeys.push_back(RowKeyFromPostgres(answer.Text(row, index)));
         }
         return rows;
     }

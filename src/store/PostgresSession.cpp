@@ -77,14 +77,6 @@ std::string ErrorText(const PGresult* result, const std::string& state)
     return text;
 }
 
-PostgresError ErrorOf(PGconn* connection, const PGresult* result)
-{
-    const std::string state = result == nullptr ? std::string{} : FieldOf(result, PG_DIAG_SQLSTATE);
-    if (state.empty() || PQstatus(connection) == CONNECTION_BAD)
-        return {"", OneLine(PQerrorMessage(connection))};
-    return {state, ErrorText(result, state)};
-}
-
 bool Failed(const PGresult* result)
 {
     const ExecStatusType status = PQresultStatus(result);
@@ -128,8 +120,13 @@ void CheckText(const std::string& text)
         throw DatabaseError("The connection text of the PostgreSQL server makes no sense: " + told);
 }
 
-/// The library hands back notices on standard error unless it is told otherwise.
-void DropNotice(void*, const PGresult*) {}
+/// Takes what the server says unasked. That is the reason why it ends the connection, if it comes to that; the library
+/// would print it on standard error.
+void KeepNotice(void* farewell, const PGresult* notice)
+{
+    if (FieldOf(notice, PG_DIAG_SEVERITY_NONLOCALIZED) == "FATAL")
+        *static_cast<std::string*>(farewell) = FieldOf(notice, PG_DIAG_MESSAGE_PRIMARY);
+}
 
 }
 
@@ -184,7 +181,7 @@ PostgresSession::PostgresSession(const std::string& connectionText)
         throw DatabaseError(what + OneLine(PQerrorMessage(opened)));
     if (status != PGRES_POLLING_OK)
         throw DatabaseError(what + "the server '" + ParameterOf(opened, "host") + "' did not answer within 10 seconds");
-    PQsetNoticeReceiver(opened, DropNotice, nullptr);
+    PQsetNoticeReceiver(opened, KeepNotice, &farewell);
     const char* encoding = PQparameterStatus(opened, "server_encoding");
     if (encoding == nullptr || std::string_view(encoding) != "UTF8")
         throw DatabaseError(what + "its encoding is " + (encoding == nullptr ? "unknown" : encoding) +
@@ -192,6 +189,16 @@ PostgresSession::PostgresSession(const std::string& connectionText)
 }
 
 PostgresSession::~PostgresSession() = default;
+
+/// The error that a failed answer tells; without one, why the connection is gone.
+PostgresError PostgresSession::ErrorOf(const PostgresRows& answer) const
+{
+    const PGresult* result = RawResult(answer.result);
+    const std::string state = result == nullptr ? std::string{} : FieldOf(result, PG_DIAG_SQLSTATE);
+    if (!state.empty())
+        return {PQstatus(Raw(connection)) == CONNECTION_BAD ? "" : state, ErrorText(result, state)};
+    return {"", farewell.empty() ? OneLine(PQerrorMessage(Raw(connection))) : farewell};
+}
 
 void PostgresSession::Forget(const std::string& name)
 {
@@ -258,14 +265,14 @@ void PostgresSession::Send(const PostgresCommand& command, Flight& flight)
                                  formats.data(), 0);
     }
     if (sent == 0)
-        throw ErrorOf(raw, nullptr);
+        throw ErrorOf({});
     flight.answers.push_back({true, {}});
 }
 
 void PostgresSession::SendSync()
 {
     if (PQpipelineSync(Raw(connection)) == 0)
-        throw ErrorOf(Raw(connection), nullptr);
+        throw ErrorOf({});
     ++roundTrips;
 }
 
@@ -277,12 +284,12 @@ void PostgresSession::Receive(Flight& flight)
     for (const Flight::Answer& answer : flight.answers) {
         PGresult* result = PQgetResult(raw);
         if (result == nullptr && !failure)
-            failure = ErrorOf(raw, nullptr);
+            failure = ErrorOf({});
         if (result == nullptr)
             break;
         const auto held = Owned(result);
         if (Failed(result) && !failure)
-            failure = ErrorOf(raw, result);
+            failure = ErrorOf(PostgresRows(held));
         if (failure && !answer.prepares.empty())
             Forget(answer.prepares);
         if (!failure && answer.wanted)
@@ -307,7 +314,7 @@ std::vector<PostgresRows> PostgresSession::Run(const std::vector<PostgresCommand
 {
     PGconn* raw = Raw(connection);
     if (PQstatus(raw) == CONNECTION_BAD)
-        throw PostgresError("", "The connection to the database server is gone.");
+        throw ErrorOf({});
     PQenterPipelineMode(raw);
     Flight flight;
     for (const PostgresCommand& command : commands)
@@ -322,7 +329,7 @@ PostgresRows PostgresSession::RunScript(const std::string& script)
     ++roundTrips;
     const auto result = Owned(PQexec(Raw(connection), script.c_str()));
     if (result == nullptr || Failed(RawResult(result)))
-        throw ErrorOf(Raw(connection), RawResult(result));
+        throw ErrorOf(PostgresRows(result));
     return PostgresRows(result);
 }
 

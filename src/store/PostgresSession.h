@@ -65,6 +65,7 @@ public:
     std::string_view Text(int row, int column) const;
 
 private:
+    friend class PostgresSession;
     std::shared_ptr<void> result;
 };
 
@@ -101,10 +102,13 @@ private:
 
     Prepared& Remember(const std::string& text, std::vector<PostgresCommand>& housekeeping);
     void Forget(const std::string& name);
+    PostgresError ErrorOf(const PostgresRows& answer) const;
     void Send(const PostgresCommand& command, Flight& flight);
     void SendSync();
     void Receive(Flight& flight);
 
+    /// What the server has said when it ended the connection.
+    std::string farewell;
     std::shared_ptr<void> connection;
     std::string database;
     std::uint64_t roundTrips = 0;

@@ -96,6 +96,23 @@ Value FromPostgres(std::string_view text, TypeKind kind)
     }
 }
 
+/// A place is "(12,3)": a block of the table, and a line in it below this.
+static constexpr std::int64_t linesOfBlock = 65536;
+
+std::int64_t RowKeyFromPostgres(std::string_view text)
+{
+    if (!text.starts_with('('))
+        return ReadNumber<std::int64_t>(text);
+    const auto comma = text.find(',');
+    return ReadNumber<std::int64_t>(text.substr(1)) * linesOfBlock + ReadNumber<std::int64_t>(text.substr(comma + 1));
+}
+
+PostgresArgument PlaceOfRow(std::int64_t rowKey)
+{
+    return {PostgresTypeNumber::TupleId,
+            "(" + std::to_string(rowKey / linesOfBlock) + "," + std::to_string(rowKey % linesOfBlock) + ")"};
+}
+
 SqlType TypeOfPostgresName(std::string_view name)
 {
     struct NamedKind {

@@ -11,6 +11,12 @@ PostgresArgument ToPostgres(const Value& value, TypeKind kind);
 /// A value as the server writes it, of that kind.
 Value FromPostgres(std::string_view text, TypeKind kind);
 
+/// By what a row is found again: its number, or the place of its version in the table as one number.
+std::int64_t RowKeyFromPostgres(std::string_view text);
+
+/// That place, as the server takes it.
+PostgresArgument PlaceOfRow(std::int64_t rowKey);
+
 /// The dialect's type behind the name of a server's type.
 SqlType TypeOfPostgresName(std::string_view name);
 

@@ -23,7 +23,7 @@ struct Recordset::Rows {
     std::vector<bool> written;
 
     bool Editing() const { return !buffer.empty(); }
-    bool AtRow() const { return adding || (!deleted && current < set.RowCount()); }
+    bool AtRow() const { return adding || (!deleted && current < set.rowCount); }
     const rovanta::Value& Stored(std::size_t column) const { return set.cells[current * set.ColumnCount() + column]; }
     const rovanta::Value& Shown(std::size_t column) const { return Editing() ? buffer[column] : Stored(column); }
 
@@ -129,9 +129,10 @@ void Recordset::Rows::InsertRow(const TableInfo& table)
     for (std::size_t i = 0; i < buffer.size(); ++i)
         if (const ColumnInfo* column = OwnColumn(i); column != nullptr && column->identity)
             buffer[i] = row.identity;
-    current = set.RowCount();
+    current = set.rowCount;
     set.cells.insert(set.cells.end(), buffer.begin(), buffer.end());
     set.rowKeys.push_back(row.rowKey);
+    ++set.rowCount;
 }
 
 void Recordset::Rows::UpdateRow(const TableInfo& table)
@@ -237,7 +238,7 @@ bool Recordset::Eof() const
 
 bool Recordset::Bof() const
 {
-    return !Opened().adding && !Opened().deleted && Opened().set.RowCount() == 0;
+    return !Opened().adding && !Opened().deleted && Opened().set.rowCount == 0;
 }
 
 void Recordset::MoveNext()
@@ -307,6 +308,7 @@ void Recordset::Delete()
     const auto width = static_cast<std::ptrdiff_t>(open.set.ColumnCount());
     open.set.cells.erase(open.set.cells.begin() + at * width, open.set.cells.begin() + (at + 1) * width);
     open.set.rowKeys.erase(open.set.rowKeys.begin() + at);
+    --open.set.rowCount;
     open.deleted = true;
 }
 
@@ -317,7 +319,7 @@ const std::vector<std::string>& Recordset::ColumnNames() const
 
 std::size_t Recordset::RowCount() const
 {
-    return Opened().set.RowCount();
+    return Opened().set.rowCount;
 }
 
 }

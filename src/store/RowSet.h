@@ -3,6 +3,7 @@
 #include "store/Tree.h"
 #include "values/Value.h"
 
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -39,10 +40,10 @@ struct RowSet {
     /// Row by row, one value a column.
     std::vector<Value> cells;
     /// By what the engine finds each row again; empty where the rows cannot be written back.
-    std::vector<Value> rowKeys;
+    std::vector<std::int64_t> rowKeys;
+    std::size_t rowCount = 0;
 
     std::size_t ColumnCount() const { return shape->Columns().size(); }
-    std::size_t RowCount() const { return ColumnCount() == 0 ? 0 : cells.size() / ColumnCount(); }
 };
 
 }

@@ -205,7 +205,7 @@ public:
         return {row, table.Identity() != nullptr ? Value(row) : Value()};
     }
 
-    bool Update(const TableInfo& table, Value& rowKey, const std::vector<ColumnValue>& changes,
+    bool Update(const TableInfo& table, std::int64_t& rowKey, const std::vector<ColumnValue>& changes,
                 const std::vector<ColumnValue>& read) override
     {
         sqlite3_stmt* statement = Prepared(UpdateRowText(table, changes, read));
@@ -217,7 +217,7 @@ public:
         return sqlite3_changes(database.get()) > 0;
     }
 
-    bool Delete(const TableInfo& table, const Value& rowKey, const std::vector<ColumnValue>& read) override
+    bool Delete(const TableInfo& table, std::int64_t rowKey, const std::vector<ColumnValue>& read) override
     {
         sqlite3_stmt* statement = Prepared(DeleteRowText(table, read));
         const Use use(statement);
@@ -235,6 +235,8 @@ private:
     struct Remembered {
         std::string text;
         StatementPointer statement;
+        /// How much it read when it last ran, which is what it will read about this time.
+        std::size_t cellsRead = 0;
     };
 
     /// Does the work; where it fails and another program has changed the tables meanwhile, once more with the new ones.
@@ -323,6 +325,8 @@ private:
         BindLiterals(statement, plan, literals);
         RowSet rows;
         rows.shape = plan.shape;
+        Remembered& remembered = recent.front();
+        rows.cells.reserve(remembered.cellsRead);
         const std::vector<SourceColumn>& columns = plan.shape->Columns();
         const bool keyed = plan.shape->Updatable() != nullptr;
         int code = 0;
@@ -331,10 +335,12 @@ private:
             for (const SourceColumn& column : columns)
                 rows.cells.push_back(ColumnContent(statement, index++, column.type.kind));
             if (keyed)
-                rows.rowKeys.emplace_back(static_cast<std::int64_t>(sqlite3_column_int64(statement, index)));
+                rows.rowKeys.push_back(sqlite3_column_int64(statement, index));
+            ++rows.rowCount;
         }
         if (code != SQLITE_DONE)
             throw LastError(database.get());
+        remembered.cellsRead = rows.cells.size();
         preparedAgain = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 1) > 0;
         return rows;
     }
@@ -379,7 +385,7 @@ private:
             recent.splice(recent.begin(), recent, found->second);
             return recent.front().statement.get();
         }
-        recent.push_front({text, Prepare(text)});
+        recent.push_front({text, Prepare(text), 0});
         byText.emplace(recent.front().text, recent.begin());
         constexpr std::size_t mostKept = 100;
         if (recent.size() > mostKept) {

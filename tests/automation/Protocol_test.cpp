@@ -43,7 +43,7 @@ TEST_CASE("A line that is no JSON text is a parse error")
           std::string("{\"a\":\"\xFF\"}"), std::string("\xC3"), std::string("{\"a\":\"\xED\xA0\x80\"}"),
           std::string("{\"a\":\"\\ud800\"}"), std::string("{'a':1}"), std::string("{} // remark"),
           std::string("{\"a\":\"b\n\"}"), std::string("\0", 1),
-          std::string("{\"jsonrpc\":\"2.0\",\"method\":\"app.forms\",\"id\":1}\0x", 50)}) {
+          std::string("{\"jsonrpc\":\"2.0\",\"method\":\"app.forms\",\"id\":1}") + '\0' + "x"}) {
         CAPTURE(line);
         CHECK(Answered(at, line)["id"].is_null());
         CHECK(CodeOf(at, line) == -32700);

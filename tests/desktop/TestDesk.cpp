@@ -19,9 +19,12 @@ static std::string NextMachine()
     return "desktop-test-" + std::to_string(getpid()) + "-" + std::to_string(++count);
 }
 
-TestDesk::TestDesk(const std::string& fixture)
-    : office(std::string(SOURCE_FOLDER) + "/tests/fixtures/" + fixture + ".sql", {})
+TestDesk::TestDesk() : TestDesk(std::filesystem::path(SOURCE_FOLDER) / "tests/fixtures/small.sql") {}
+
+TestDesk::TestDesk(const std::filesystem::path& fixture) : office(fixture, {})
 {
+    // The event loop of the tests outlives many programs.
+    host.Gate().exit = [this](int code) { exitCode = code; };
     app.emplace(host, AllScreens(), AppOptions{office.ConfigPath(), NextMachine(), DateTime::Of(2026, 3, 2, 9, 0, 0)});
     host.Serve(*app);
     host.Gate().Run([this] { app->Start(); });

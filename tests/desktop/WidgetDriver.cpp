@@ -26,14 +26,7 @@
 #include <QTabWidget>
 #include <QtTest/QTest>
 
-#include <stdexcept>
-
 namespace rovanta::tests {
-
-static std::runtime_error CannotReach(const std::string& what)
-{
-    return std::runtime_error("nobody could reach " + what);
-}
 
 WidgetDriver::WidgetDriver(DesktopHost& host) : host(host)
 {
@@ -76,14 +69,14 @@ Form& WidgetDriver::FormOf(const std::string& form) const
                 return found->Shown();
         }
     }
-    throw CannotReach(form);
+    throw OutOfReach(form);
 }
 
 Control& WidgetDriver::ControlOf(const std::string& form, const std::string& control) const
 {
     Control* found = FormOf(form).FindControl(control);
     if (!found)
-        throw CannotReach(form + "." + control);
+        throw OutOfReach(form + "." + control);
     return *found;
 }
 
@@ -91,7 +84,7 @@ QWidget& WidgetDriver::WidgetOf(const std::string& form, const std::string& cont
 {
     const Binder* binder = host.WindowOf(FormOf(form))->BinderOf(control);
     if (!binder)
-        throw CannotReach(form + "." + control);
+        throw OutOfReach(form + "." + control);
     return binder->Widget();
 }
 
@@ -111,25 +104,37 @@ void WidgetDriver::ShowPageOf(QWidget& widget)
     }
 }
 
+void WidgetDriver::Settle()
+{
+    QCoreApplication::processEvents();
+    if (host.Gate().HasEnded() || !host.Main().isVisible() || QApplication::focusWidget())
+        return;
+    // A box and a list that drops down are windows of their own; the keyboard goes back to the main one.
+    QApplication::setActiveWindow(nullptr);
+    QApplication::setActiveWindow(&host.Main());
+}
+
 QWidget& WidgetDriver::Reachable(const std::string& form, const std::string& control)
 {
     QWidget& widget = WidgetOf(form, control);
     QMdiSubWindow* frame = host.FrameOf(FormOf(form));
     if (QApplication::activeModalWidget() || !frame->isVisible())
-        throw CannotReach(form + "." + control);
+        throw OutOfReach(form + "." + control);
     if (host.Main().Area().activeSubWindow() != frame)
         host.Main().Area().setActiveSubWindow(frame);
     ShowPageOf(widget);
     if (auto* scroll = frame->findChild<QScrollArea*>())
         scroll->ensureWidgetVisible(&widget);
     if (!widget.isVisible() || !widget.isEnabled())
-        throw CannotReach(form + "." + control);
+        throw OutOfReach(form + "." + control);
     return widget;
 }
 
 void WidgetDriver::Type(const std::string& form, const std::string& control, const std::string& text)
 {
     QWidget& widget = Reachable(form, control);
+    if (ControlOf(form, control).ReadOnly())
+        throw OutOfReach("the content of " + control);
     QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(8, widget.height() / 2));
     QCoreApplication::processEvents();
     if (auto* memo = qobject_cast<QPlainTextEdit*>(&widget))
@@ -147,7 +152,7 @@ void WidgetDriver::Pick(const std::string& form, const std::string& control, con
     auto* combo = qobject_cast<QComboBox*>(&widget);
     auto* view = combo ? combo->view() : qobject_cast<QAbstractItemView*>(&widget);
     if (!view)
-        throw CannotReach("a list of " + control);
+        throw OutOfReach("a list of " + control);
     widget.setFocus(Qt::MouseFocusReason);
     QCoreApplication::processEvents();
     int row = 0;
@@ -156,7 +161,7 @@ void WidgetDriver::Pick(const std::string& form, const std::string& control, con
         ++row;
     const QModelIndex index = view->model()->index(row, 0);
     if (!index.isValid())
-        throw CannotReach("the entry " + entry + " of " + control);
+        throw OutOfReach("the entry " + entry + " of " + control);
     if (combo) {
         combo->showPopup();
         QTest::qWait(1);
@@ -166,10 +171,7 @@ void WidgetDriver::Pick(const std::string& form, const std::string& control, con
     QCoreApplication::processEvents();
     if (combo && view->isVisible())
         combo->hidePopup();
-    // A list that drops down is a window of its own and gives the keyboard back when it closes.
-    host.Main().activateWindow();
-    if (!QTest::qWaitForWindowActive(&host.Main()))
-        throw CannotReach("the main window");
+    Settle();
 }
 
 void WidgetDriver::Click(const std::string& form, const std::string& control)
@@ -178,7 +180,7 @@ void WidgetDriver::Click(const std::string& form, const std::string& control)
     // The words of a check box stand at its left; its middle may be bare.
     const bool mark = qobject_cast<QCheckBox*>(&widget) || qobject_cast<QRadioButton*>(&widget);
     QTest::mouseClick(&widget, Qt::LeftButton, {}, mark ? QPoint(8, widget.height() / 2) : widget.rect().center());
-    QCoreApplication::processEvents();
+    Settle();
 }
 
 void WidgetDriver::ClickTab(const std::string& form, const std::string& control, int page)
@@ -191,7 +193,7 @@ QPoint WidgetDriver::PlaceOf(GridView& view, int row, int col)
 {
     const QRect rect = view.CellRect({row, col}).intersected(view.viewport()->rect());
     if (rect.isEmpty())
-        throw CannotReach("the cell " + std::to_string(row) + ", " + std::to_string(col));
+        throw OutOfReach("the cell " + std::to_string(row) + ", " + std::to_string(col));
     return rect.center();
 }
 
@@ -199,36 +201,81 @@ void WidgetDriver::ClickCell(const std::string& form, const std::string& grid, i
 {
     auto& view = dynamic_cast<GridView&>(Reachable(form, grid));
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, PlaceOf(view, row, col));
-    QCoreApplication::processEvents();
+    Settle();
 }
 
 void WidgetDriver::RightClickCell(const std::string& form, const std::string& grid, int row, int col)
 {
     auto& view = dynamic_cast<GridView&>(Reachable(form, grid));
     QTest::mouseClick(view.viewport(), Qt::RightButton, {}, PlaceOf(view, row, col));
-    QCoreApplication::processEvents();
+    Settle();
 }
 
 void WidgetDriver::DoubleClickCell(const std::string& form, const std::string& grid, int row, int col)
 {
     auto& view = dynamic_cast<GridView&>(Reachable(form, grid));
-    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, PlaceOf(view, row, col));
-    QCoreApplication::processEvents();
+    const QPoint place = PlaceOf(view, row, col);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, place);
+    Settle();
 }
 
 void WidgetDriver::Leave(const std::string& form, const std::string& control)
 {
-    QTest::keyClick(&Reachable(form, control), Qt::Key_Tab);
-    QCoreApplication::processEvents();
+    QWidget& widget = Reachable(form, control);
+    if (!widget.hasFocus())
+        widget.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&widget, Qt::Key_Tab);
+    Settle();
+}
+
+void WidgetDriver::Close(const std::string& form)
+{
+    if (QApplication::activeModalWidget())
+        throw OutOfReach(form);
+    host.FrameOf(FormOf(form))->close();
+    Settle();
+}
+
+void WidgetDriver::Keys(const std::string& form, const std::string& control, const std::string& text)
+{
+    QWidget& widget = Reachable(form, control);
+    widget.setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&widget, QString::fromStdString(text));
+    Settle();
+}
+
+void WidgetDriver::SelectCells(const std::string& form, const std::string& grid, int row, int lastRow, int col)
+{
+    auto& view = dynamic_cast<GridView&>(Reachable(form, grid));
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, PlaceOf(view, row, col));
+    if (lastRow != row)
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ShiftModifier, PlaceOf(view, lastRow, col));
+    const auto& logical = dynamic_cast<const Grid&>(ControlOf(form, grid));
+    if (logical.Row() != row || logical.RowSel() != lastRow)
+        throw OutOfReach("the row " + std::to_string(row) + " of " + grid);
+    Settle();
+}
+
+std::vector<std::string> WidgetDriver::Entries(const std::string& form, const std::string& control) const
+{
+    const QWidget& widget = WidgetOf(form, control);
+    const auto* combo = qobject_cast<const QComboBox*>(&widget);
+    const auto* list = qobject_cast<const QAbstractItemView*>(&widget);
+    const QAbstractItemModel* model = combo ? combo->model() : list->model();
+    std::vector<std::string> entries;
+    for (int row = 0; row < model->rowCount(); ++row)
+        entries.push_back(model->index(row, 0).data().toString().toStdString());
+    return entries;
 }
 
 void WidgetDriver::PickMenu(const std::string& command)
 {
     auto* action = host.Main().findChild<QAction*>(QString::fromStdString(command));
     if (!action || !action->isEnabled() || !action->isVisible() || QApplication::activeModalWidget())
-        throw CannotReach("the command " + command);
+        throw OutOfReach("the command " + command);
     action->trigger();
-    QCoreApplication::processEvents();
+    Settle();
 }
 
 std::string WidgetDriver::Shown(const std::string& form, const std::string& control) const
@@ -240,7 +287,8 @@ std::string WidgetDriver::Shown(const std::string& form, const std::string& cont
     else if (const auto* memo = qobject_cast<const QPlainTextEdit*>(&widget))
         text = memo->toPlainText();
     else if (const auto* combo = qobject_cast<const QComboBox*>(&widget))
-        text = combo->currentIndex() < 0 && !combo->isEditable() ? combo->placeholderText() : combo->currentText();
+        text = combo->currentIndex() < 0 && !combo->isEditable() ? combo->placeholderText().trimmed()
+                                                                 : combo->currentText();
     else if (const auto* label = qobject_cast<const QLabel*>(&widget))
         text = label->text();
     else if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))

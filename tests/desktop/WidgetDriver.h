@@ -5,6 +5,7 @@
 #include <QPoint>
 #include <QTimer>
 #include <deque>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -25,8 +26,14 @@ struct SeenMessage {
     std::string answer;
 };
 
-/// A person's hands: types into the widgets of the windows, clicks them, and answers the boxes that come up. What a
-/// person could not reach (hidden, disabled, covered by a box) throws std::runtime_error.
+/// What a person could not reach: it is hidden, disabled or covered by a box.
+class OutOfReach : public std::runtime_error {
+public:
+    explicit OutOfReach(const std::string& what) : std::runtime_error("nobody could reach " + what) {}
+};
+
+/// A person's hands: types into the widgets of the windows, clicks them, and answers the boxes that come up. What
+/// nobody could reach throws OutOfReach.
 class WidgetDriver {
 public:
     explicit WidgetDriver(DesktopHost& host);
@@ -44,6 +51,13 @@ public:
     /// Goes to the next widget by the Tab key.
     void Leave(const std::string& form, const std::string& control);
     void PickMenu(const std::string& command);
+    /// The close box of a window.
+    void Close(const std::string& form);
+    /// Types characters where the keyboard goes when the control has it.
+    void Keys(const std::string& form, const std::string& control, const std::string& text);
+    void SelectCells(const std::string& form, const std::string& grid, int row, int lastRow, int col);
+    /// The entries that a list shows.
+    std::vector<std::string> Entries(const std::string& form, const std::string& control) const;
 
     /// What a person reads in a box, on a label or a button now.
     std::string Shown(const std::string& form, const std::string& control) const;
@@ -59,6 +73,7 @@ public:
 
 private:
     void AnswerBoxes();
+    void Settle();
     QWidget& Reachable(const std::string& form, const std::string& control);
     void ShowPageOf(QWidget& widget);
     QPoint PlaceOf(GridView& view, int row, int col);
