@@ -129,8 +129,8 @@ void CopyRows(Connection& source, Connection& target, const TableInfo& table)
     const std::size_t width = rows.ColumnCount();
     const std::size_t rowsAtOnce = std::clamp<std::size_t>(cellsAtOnce / width, 1, 200);
     const Statement head = Statement{"INSERT INTO "} + Bracketed(table.name) + " (" + columns + ") VALUES ";
-    for (std::size_t first = 0; first < rows.RowCount(); first += rowsAtOnce) {
-        const std::size_t end = std::min(rows.RowCount(), first + rowsAtOnce);
+    for (std::size_t first = 0; first < rows.rowCount; first += rowsAtOnce) {
+        const std::size_t end = std::min(rows.rowCount, first + rowsAtOnce);
         Statement insert = head;
         for (std::size_t row = first; row < end; ++row) {
             insert += row == first ? Statement{"("} : Statement{",("};

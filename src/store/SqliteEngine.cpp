@@ -555,7 +555,7 @@ void CopySqliteFile(const std::string& path, const std::string& copy)
     // Without a log beside it the copy is one file that can be carried away.
     Run(target.get(), copy, "PRAGMA journal_mode = DELETE");
     AddDialect(target.get());
-    const std::string verdict = FirstAnswer(target.get(), copy, "PRAGMA integrity_check(1)");
+    const std::string verdict = FirstAnswer(target.get(), path, "PRAGMA integrity_check(1)");
     if (verdict != "ok")
         throw DatabaseError("The database file '" + path + "' is damaged: " + verdict);
 }
