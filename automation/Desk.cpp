@@ -14,9 +14,6 @@ Desk::~Desk() = default;
 void Desk::Start()
 {
     Perform([this] { program->Start(); });
-    // A start that ends before it could show its main window has failed, whatever it said on the way.
-    if (ending)
-        ending->failed = true;
 }
 
 void Desk::Perform(const std::function<void()>& action)

@@ -58,7 +58,7 @@ std::string OverflowText(const std::string& text)
 /// The error in the words of the dialect, where it has words of its own.
 std::string ErrorText(const PGresult* result, const std::string& state)
 {
-    const std::string text = FieldOf(result, PG_DIAG_MESSAGE_PRIMARY);
+    std::string text = FieldOf(result, PG_DIAG_MESSAGE_PRIMARY);
     const std::string table = FieldOf(result, PG_DIAG_TABLE_NAME);
     if (state == "23502")
         return "Cannot insert the value NULL into column '" + FieldOf(result, PG_DIAG_COLUMN_NAME) + "', table '" +

@@ -35,10 +35,12 @@ std::string PostgresWriter::Members(const Query& query, ColumnNames names, Ties 
     for (const Select& member : query.members) {
         if (!text.empty())
             text += query.unionAll ? " UNION ALL " : " UNION ";
-        std::string select = SelectText(member, names, rowKey);
-        if (!single && member.top)
-            select = "(" + select + LimitText(*member.top) + ")";
-        text += select;
+        // A member of a UNION bears a LIMIT in brackets alone.
+        const bool bracketed = !single && member.top;
+        text += bracketed ? "(" : "";
+        text += SelectText(member, names, rowKey);
+        if (bracketed)
+            text += LimitText(*member.top) + ")";
     }
     text += OrderText(query, ties);
     if (single && query.members.front().top)

@@ -43,6 +43,7 @@ TEST_CASE("A form's close box closes it, unless another form stands before it")
     at.Form().SetEnabled(true);
     at.Call("form.close", {{"form", "frmSample"}});
     CHECK(at.desk.Program().Find<frmSample>() == nullptr);
+    CHECK(frmSample::alive == 0);
     CHECK(at.Error("form.close", {{"form", "frmSample"}}) == -32602);
 }
 

@@ -32,7 +32,12 @@ public:
         }
         FillGrid();
         WireEvents();
+        ++alive;
     }
+    ~frmSample() override { --alive; }
+
+    /// How many of these screens there are, closed ones that still wait included.
+    inline static int alive = 0;
 
     TextBox txtName{this, "txtName", "Name"};
     TextBox txtLocked{this, "txtLocked", "Locked"};
