@@ -100,8 +100,8 @@ void RefuseNoOffice(const std::string& draft, const std::string& backup)
     Connection connection;
     try {
         connection.Open(draft);
-        Recordset("SELECT TOP 1 Username FROM [User]", connection);
-        Recordset("SELECT TOP 1 Name FROM Company", connection);
+        const Recordset user("SELECT TOP 1 Username FROM [User]", connection);
+        const Recordset company("SELECT TOP 1 Name FROM Company", connection);
     } catch (const DatabaseError& error) {
         throw RunTimeError("The file '" + backup + "' holds no office: " + Replace(error.what(), draft, backup));
     }
@@ -150,7 +150,7 @@ std::string RestoreOffice(const fs::path& folder, const std::string& backup)
         draft.MoveTo(database);
         return {};
     }
-    const std::string kept = FreeName(database + ".replaced");
+    std::string kept = FreeName(database + ".replaced");
     try {
         WithSqliteFileAlone(database, [&] { PutInPlace(database, draft, kept); });
     } catch (const DatabaseError& error) {

@@ -56,11 +56,12 @@ void RefuseUnfit(const CommandWords& command, const Arguments& read)
         throw UsageError(word + " takes no folder: " + *read.folder);
     if (command.place == Place::Folder && (!read.folder || read.folder->empty()))
         throw UsageError(word + " needs the folder of the office.");
-    for (const std::string& option : command.needed) {
+    const auto missing = std::find_if(command.needed.begin(), command.needed.end(), [&](const std::string& option) {
         const auto given = read.options.find(option);
-        if (given == read.options.end() || given->second.empty())
-            throw UsageError(word + " needs the option " + option + ".");
-    }
+        return given == read.options.end() || given->second.empty();
+    });
+    if (missing != command.needed.end())
+        throw UsageError(word + " needs the option " + *missing + ".");
 }
 
 Arguments ReadArguments(const std::vector<std::string>& arguments, const std::vector<std::string>& known)

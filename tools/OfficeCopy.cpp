@@ -182,7 +182,7 @@ TableSum CopyAndCompare(Connection& source, Connection& target, const TableInfo&
 {
     try {
         CopyTable(source, target, table);
-        const TableSum copied = SumOf(target, table);
+        TableSum copied = SumOf(target, table);
         const std::vector<std::string> differences = Differences(SumOf(source, table), copied);
         if (!differences.empty())
             throw RunTimeError(differences.front());
