@@ -64,6 +64,11 @@ Subject SubjectOf(const StoryStep& step, StoryPlayer& player)
         return subject;
     subject.kind = control->Kind();
     subject.control = control->Caption().empty() ? CallName(control->Name()) : control->Caption();
+    // The payers of every charge bear the same captions; the first of them bears the charge as a remark.
+    if (const auto* option = dynamic_cast<const OptionButton*>(control)) {
+        const std::string& charge = option->Group().Members().front()->Note();
+        subject.control += charge.empty() ? "" : " (" + charge + ")";
+    }
     return subject;
 }
 
@@ -81,6 +86,8 @@ std::string TellMouse(const StoryStep& step, const Subject& subject)
 {
     const std::string cell = subject.words.size() < 2 ? "" : ", row " + subject.Word(0) + ", column " + subject.Word(1);
     const std::string what = "\"" + subject.control + "\"" + cell + ".";
+    if (step.verb == "click" && subject.kind == ControlKind::OptionButton)
+        return "Choose " + what;
     if (step.verb == "click")
         return (subject.kind == ControlKind::Button ? "Press " : "Click ") + what;
     if (step.verb == "hover")

@@ -159,6 +159,13 @@ TEST_CASE("What a grid sends to the printer is a job")
     CHECK(at.Call("print.jobs") == Json::parse(R"({"jobs":[
         {"what":"grid","title":"Sample List","orientation":"landscape","pages":1},
         {"what":"grid","title":"Long List","orientation":"portrait","pages":4}]})"));
+    const auto pagesOf = [&](int rows) {
+        at.Form().grid.SetRows(rows);
+        at.Form().grid.PrintGrid({"List", false, 720});
+        return at.Call("print.jobs")["jobs"].back()["pages"].get<int>();
+    };
+    CHECK(pagesOf(53) == 1);
+    CHECK(pagesOf(54) == 2);
 }
 
 TEST_CASE("The accounting file holds no document, and an unknown component cannot fail")

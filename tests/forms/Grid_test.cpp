@@ -154,6 +154,10 @@ TEST_CASE("The current cell stays inside when rows go, and follows its row when 
     form.grid.AddItem("0", 1);
     CHECK(form.grid.Row() == 3);
     CHECK(form.grid.TextMatrix(form.grid.Row(), 0) == "2");
+    form.grid.AddItem("1b", 3);
+    CHECK(form.grid.TextMatrix(form.grid.Row(), 0) == "2");
+    form.grid.AddItem("3b", 5);
+    CHECK(form.grid.Row() == 4);
     form.grid.SetRows(2);
     CHECK(form.grid.Row() == 1);
     form.grid.RemoveItem(1);
