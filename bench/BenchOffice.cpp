@@ -75,6 +75,7 @@ void Furnish(Connection& connection)
     customers.all.resize(BenchOffice::customers);
     customers.rows.rows.resize(BenchOffice::customers);
     AddRows(connection, customers.rows);
+    MakeCoDriverTable(connection);
     Dice dice(plan.seed, "bench");
     constexpr int toursAtOnce = 1000;
     for (int first = 1; first <= BenchOffice::tours; first += toursAtOnce) {

@@ -631,24 +631,7 @@ CREATE TABLE OldTourName (
 -- The save of a renamed tour and the send of an invoice: Customer='...' AND NewName='...'.
 CREATE INDEX OldTourName_Customer ON OldTourName (Customer, NewName);
 
--- The driver board joins this table and writes TourID into it. The menu's own CREATE TABLE lacks that column, so an
--- office made by this script has the table whole from the start; Update DB then fails on it, as on every database that
--- has the table already.
-CREATE TABLE CoDriverData (
-    ID bigint IDENTITY(1,1) NOT NULL PRIMARY KEY,
-    DriverID bigint NULL,
-    CoDriverID bigint NULL,
-    StartDate datetime NULL,
-    EndDate datetime NULL,
-    Notes varchar(500) NULL,
-    EnteredBy varchar(50) NULL,
-    EnteredDate datetime NULL,
-    EditedBy varchar(50) NULL,
-    EditedDate datetime NULL,
-    TourID int NULL
-);
--- The driver board: DriverID IN (...) ORDER BY StartDate.
-CREATE INDEX CoDriverData_Driver ON CoDriverData (DriverID, StartDate);
+-- CoDriverData is not made here: the menu's Update DB makes it, once, and fails where it exists.
 
 -- Invoicing
 

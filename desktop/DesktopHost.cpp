@@ -7,8 +7,13 @@
 #include "frame/MDI.h"
 
 #include <QApplication>
+#include <QCoreApplication>
+#include <QDate>
 #include <QFileDialog>
+#include <QGuiApplication>
+#include <QLocale>
 #include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QPushButton>
 

@@ -3,7 +3,10 @@
 #include "desktop/FormWindow.h"
 
 #include <QCloseEvent>
+#include <QFrame>
+#include <QIcon>
 #include <QScrollArea>
+#include <QStyle>
 
 namespace rovanta {
 

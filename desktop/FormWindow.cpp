@@ -4,6 +4,9 @@
 #include "desktop/binders/Binder.h"
 #include "forms/ChoiceControls.h"
 
+#include <QKeyEvent>
+#include <QTimer>
+
 namespace rovanta {
 
 FormWindow::FormWindow(Form& form, const Node& layout, EventGate& gate, QWidget* parent)
@@ -115,9 +118,15 @@ void FormWindow::TakeFocus()
             focused->Widget().setFocus(Qt::OtherFocusReason);
         return;
     }
+    FocusInside(*this);
+}
+
+void FormWindow::FocusInside(const QWidget& part)
+{
     for (const auto& binder : binders) {
-        if (binder->Widget().focusPolicy() & Qt::TabFocus && binder->Widget().isEnabled()) {
-            binder->Widget().setFocus(Qt::OtherFocusReason);
+        QWidget& widget = binder->Widget();
+        if (part.isAncestorOf(&widget) && widget.focusPolicy() & Qt::TabFocus && widget.isEnabled()) {
+            widget.setFocus(Qt::TabFocusReason);
             return;
         }
     }

@@ -44,6 +44,8 @@ public:
     void Flush();
     /// The window has come to the front: the control that has the form's focus takes the keyboard.
     void TakeFocus();
+    /// The first widget within `part` that can takes the keyboard.
+    void FocusInside(const QWidget& part);
     /// Presses a button for Enter or Escape. False when the form names none that can be pressed.
     bool Press(Button* button);
 

@@ -1,5 +1,7 @@
 #include "desktop/GridView.h"
 
+#include <QEvent>
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 

@@ -2,8 +2,14 @@
 
 #include "desktop/Look.h"
 
+#include <QColor>
+#include <QFont>
+#include <QPaintEvent>
 #include <QPainter>
+#include <QPen>
+#include <QPolygonF>
 #include <QScrollBar>
+#include <QStyle>
 #include <QStyleOption>
 #include <algorithm>
 

@@ -2,7 +2,9 @@
 
 #include "desktop/Look.h"
 
+#include <QFrame>
 #include <QLineEdit>
+#include <QResizeEvent>
 #include <QScrollBar>
 #include <algorithm>
 #include <limits>

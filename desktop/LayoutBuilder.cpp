@@ -6,6 +6,19 @@
 #include "desktop/binders/ChoiceBinders.h"
 #include "forms/TextControls.h"
 
+#include <QBoxLayout>
+#include <QFont>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLayoutItem>
+#include <QLineEdit>
+#include <QPalette>
+#include <QPushButton>
+#include <QSizePolicy>
+#include <QVBoxLayout>
+
 #include <stdexcept>
 
 namespace rovanta {
@@ -181,6 +194,8 @@ void LayoutBuilder::PlaceControl(const Node& node, QBoxLayout& into)
         // The caption ends where the figure below it does.
         label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         label->setContentsMargins(0, 0, Look::halfGap + 1, 0);
+        label->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        label->setMinimumWidth(binder.Widget().minimumWidth());
     }
     pair->addWidget(label);
     pair->addWidget(box, growing ? 1 : 0);

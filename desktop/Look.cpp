@@ -2,6 +2,10 @@
 
 #include "desktop/OfficeStyle.h"
 
+#include <QApplication>
+#include <QLocale>
+#include <QPalette>
+
 namespace rovanta::Look {
 
 QFont Font(double points, QFont::Weight weight)

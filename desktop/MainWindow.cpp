@@ -6,12 +6,16 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QCursor>
+#include <QEvent>
+#include <QFrame>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
+#include <QSignalBlocker>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QVBoxLayout>

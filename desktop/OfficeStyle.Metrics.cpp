@@ -1,6 +1,12 @@
 #include "desktop/OfficeStyle.h"
 #include "desktop/Look.h"
 
+#include <QAbstractScrollArea>
+#include <QFont>
+#include <QFontMetrics>
+#include <QStyle>
+#include <QStyleHintReturn>
+
 namespace rovanta {
 
 static constexpr int arrowWidth = 20;

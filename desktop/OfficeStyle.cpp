@@ -2,6 +2,15 @@
 
 #include "desktop/Look.h"
 
+#include <QAbstractScrollArea>
+#include <QColor>
+#include <QFont>
+#include <QPainter>
+#include <QPalette>
+#include <QPen>
+#include <QPolygonF>
+#include <QStyle>
+
 namespace rovanta {
 
 static bool Has(const QStyleOption& option, QStyle::StateFlag flag)

@@ -89,6 +89,10 @@ static void PickFirstLine(Form& form)
 void SaveScreenshots(App& app, DesktopHost& host, const std::filesystem::path& folder)
 {
     std::filesystem::create_directories(folder);
+    // The platform without a screen makes believe in a small one.
+    host.Main().resize(1440, 900);
+    host.Main().activateWindow();
+    QCoreApplication::processEvents();
     host.Gate().Run([&] {
         host.FlushWindows();
         SaveScreen(host, *app.Find("frmLogin"), folder);
@@ -106,9 +110,11 @@ void SaveScreenshots(App& app, DesktopHost& host, const std::filesystem::path& f
             host.FlushWindows();
             LoadRecord(app, screen);
             PickFirstLine(screen);
-            SaveScreen(host, screen, folder);
-            if (name == "frmRentalEntry")
+            if (name == "frmRentalEntry") {
+                host.FlushWindows();
                 SavePicture(host.Main(), folder, "MDI");
+            }
+            SaveScreen(host, screen, folder);
             app.Unload(screen);
         }
     });

@@ -6,6 +6,7 @@
 #include "frame/App.h"
 
 #include <QApplication>
+#include <QMessageLogContext>
 
 #include <cstdlib>
 #include <filesystem>

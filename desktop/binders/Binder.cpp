@@ -2,6 +2,11 @@
 
 #include "desktop/FormWindow.h"
 
+#include <QEvent>
+#include <QFocusEvent>
+#include <QLabel>
+#include <QTimer>
+
 namespace rovanta {
 
 Binder::Binder(FormWindow& window, Control& control) : window(window), control(control) {}

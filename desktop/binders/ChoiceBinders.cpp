@@ -4,6 +4,15 @@
 #include "desktop/Look.h"
 #include "desktop/binders/DateBox.h"
 
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QSizePolicy>
+#include <QTabWidget>
+
 namespace rovanta {
 
 ButtonBinder::ButtonBinder(FormWindow& window, Button& button)
@@ -112,8 +121,12 @@ TabsBinder::TabsBinder(FormWindow& window, Tabs& tabs) : Binder(window, tabs), t
     pages->tabBar()->setDrawBase(false);
     pages->tabBar()->setExpanding(false);
     connect(pages, &QTabWidget::currentChanged, this, [this](int page) {
-        if (!IsRefreshing() && page >= 0)
-            Act([&] { this->tabs.SetPage(page); });
+        if (IsRefreshing() || page < 0)
+            return;
+        Act([&] { this->tabs.SetPage(page); });
+        // A person who turns to a page goes on there.
+        if (!this->window.IsDetached() && this->tabs.Page() == page)
+            this->window.FocusInside(*pages->widget(page));
     });
 }
 

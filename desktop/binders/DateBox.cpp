@@ -3,10 +3,16 @@
 #include "desktop/Look.h"
 
 #include <QCalendarWidget>
+#include <QDate>
+#include <QFont>
 #include <QFrame>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPalette>
 #include <QScreen>
+#include <QTextCharFormat>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <algorithm>
@@ -63,6 +69,29 @@ void DateBox::Commit()
     ShowDate(shown);
 }
 
+/// The calendar in the program's own colours: no red days, plain arrows.
+static void Dress(QCalendarWidget& month)
+{
+    month.setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    QTextCharFormat plain;
+    plain.setForeground(Look::text);
+    for (const auto day : {Qt::Saturday, Qt::Sunday})
+        month.setWeekdayTextFormat(day, plain);
+    const auto dressButton = [&](const char* name, const char* text) {
+        auto* button = month.findChild<QToolButton*>(name);
+        if (!button)
+            return;
+        button->setIcon(QIcon());
+        button->setText(QString::fromUtf8(text));
+        button->setFont(Look::Font(14, QFont::DemiBold));
+        QPalette light = button->palette();
+        light.setColor(QPalette::ButtonText, Qt::white);
+        button->setPalette(light);
+    };
+    dressButton("qt_calendar_prevmonth", "‹");
+    dressButton("qt_calendar_nextmonth", "›");
+}
+
 void DateBox::showPopup()
 {
     if (lineEdit()->isReadOnly() || calendar)
@@ -72,7 +101,7 @@ void DateBox::showPopup()
     frame->setAttribute(Qt::WA_DeleteOnClose);
     frame->setFrameShape(QFrame::Box);
     auto* month = new QCalendarWidget(frame);
-    month->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    Dress(*month);
     month->setDateRange(QDate(1753, 1, 1), QDate(9999, 12, 31));
     month->setSelectedDate(QDate(shown.Year(), shown.Month(), shown.Day()));
     auto* box = new QVBoxLayout(frame);

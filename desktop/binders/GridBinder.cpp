@@ -2,6 +2,8 @@
 
 #include "desktop/FormWindow.h"
 
+#include <QSizePolicy>
+
 namespace rovanta {
 
 GridBinder::GridBinder(FormWindow& window, Grid& grid, const Node& node)

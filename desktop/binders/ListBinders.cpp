@@ -2,6 +2,19 @@
 
 #include "desktop/FormWindow.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QEvent>
+#include <QItemSelection>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QModelIndex>
+#include <QSignalBlocker>
+#include <QSizePolicy>
+#include <QWheelEvent>
+
 namespace rovanta {
 
 int EntryModel::rowCount(const QModelIndex& parent) const

@@ -7,6 +7,7 @@
 #include <vector>
 
 class QComboBox;
+class QKeyEvent;
 class QListView;
 
 namespace rovanta {

@@ -3,6 +3,15 @@
 #include "desktop/FormWindow.h"
 #include "desktop/Look.h"
 
+#include <QBuffer>
+#include <QEvent>
+#include <QFrame>
+#include <QImageReader>
+#include <QLabel>
+#include <QPalette>
+#include <QPixmap>
+#include <QSizePolicy>
+
 namespace rovanta {
 
 PictureBinder::PictureBinder(FormWindow& window, Picture& picture, const Node& node)

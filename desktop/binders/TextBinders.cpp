@@ -4,6 +4,17 @@
 #include "desktop/Look.h"
 #include "values/Format.h"
 
+#include <QEvent>
+#include <QFocusEvent>
+#include <QFont>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPalette>
+#include <QPlainTextEdit>
+#include <QSignalBlocker>
+#include <QSizePolicy>
+#include <QTimer>
+
 namespace rovanta {
 
 static constexpr int moneyDigits = 11;

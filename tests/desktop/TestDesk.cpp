@@ -29,6 +29,7 @@ TestDesk::TestDesk(const std::filesystem::path& fixture) : office(fixture, {})
     host.Serve(*app);
     host.Gate().Run([this] { app->Start(); });
     if (!host.Gate().HasEnded()) {
+        host.Main().resize(1440, 900);
         host.Main().activateWindow();
         if (!QTest::qWaitForWindowActive(&host.Main()))
             throw std::runtime_error("the main window does not come to the front");

@@ -6,11 +6,14 @@
 #include "forms/ListControls.h"
 #include "forms/TextControls.h"
 
+#include <QAbstractButton>
+#include <QAbstractItemModel>
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -18,6 +21,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMessageBox>
+#include <QModelIndex>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>

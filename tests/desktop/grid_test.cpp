@@ -3,9 +3,13 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QColor>
 #include <QElapsedTimer>
+#include <QEvent>
 #include <QHelpEvent>
+#include <QImage>
 #include <QLineEdit>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QToolTip>
 #include <QtTest/QTest>

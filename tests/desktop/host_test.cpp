@@ -7,7 +7,12 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCoreApplication>
+#include <QDialog>
+#include <QEvent>
 #include <QFileDialog>
+#include <QGuiApplication>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiArea>
@@ -15,6 +20,8 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QTabBar>
+#include <QTimer>
+#include <QToolTip>
 #include <QtTest/QTest>
 
 #include <doctest/doctest.h>

@@ -2,6 +2,7 @@
 #include "desktop/Look.h"
 
 #include <QApplication>
+#include <QMessageLogContext>
 #include <doctest/doctest.h>
 
 #include <cstdio>

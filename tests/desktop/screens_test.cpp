@@ -5,6 +5,7 @@
 #include "tests/desktop/Sight.h"
 #include "tests/desktop/TestDesk.h"
 
+#include <QCoreApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QScrollArea>

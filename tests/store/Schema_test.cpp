@@ -19,7 +19,6 @@ TEST_CASE("The schema makes every table of the office, and the catalogue reads i
                                             "BusFleetTrackerFields",
                                             "BusImages",
                                             "BusType",
-                                            "CoDriverData",
                                             "Company",
                                             "Customer",
                                             "DateRange",

@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # A PostgreSQL server for the suite, in a folder of its own, on a unix socket and no port.
 #
-# Usage: postgres_server.sh start FOLDER | stop FOLDER
+# Usage: postgres_server.sh start FOLDER | stop FOLDER | kill FOLDER | resume FOLDER
 #
+# "kill" ends the server in the middle of whatever it does and leaves its files, "resume" brings it back on them.
 # The user is "app" without a password; the socket lies in FOLDER. Nothing here is meant to outlive a power failure, so
 # the server does without waiting for the disk.
 set -euo pipefail
@@ -18,11 +19,22 @@ as_server() {
     fi
 }
 
-stop() {
+kill_server() {
     if [[ -f $1/data/postmaster.pid ]]; then
         as_server "$programs/pg_ctl" -D "$1/data" -m immediate -w -t 30 stop >/dev/null || true
     fi
+}
+
+stop() {
+    kill_server "$1"
     rm -rf "$1"
+}
+
+resume() {
+    cd "$1"
+    as_server "$programs/pg_ctl" -D "$1/data" -l "$1/server.log" -w -t 60 start \
+        -o "-c listen_addresses='' -c unix_socket_directories='$1' -c fsync=off -c full_page_writes=off -c synchronous_commit=off -c max_connections=60" \
+        >/dev/null || { cat "$1/server.log" >&2 && exit 1; }
 }
 
 start() {
@@ -32,15 +44,14 @@ start() {
     cd "$1"
     as_server "$programs/initdb" -D "$1/data" -U app -A trust -E UTF8 --locale=C.UTF-8 --no-sync >"$1/initdb.log" 2>&1 ||
         { cat "$1/initdb.log" >&2 && exit 1; }
-    as_server "$programs/pg_ctl" -D "$1/data" -l "$1/server.log" -w -t 60 start \
-        -o "-c listen_addresses='' -c unix_socket_directories='$1' -c fsync=off -c full_page_writes=off -c synchronous_commit=off -c max_connections=60" \
-        >/dev/null || { cat "$1/server.log" >&2 && exit 1; }
+    resume "$1"
 }
 
 case ${1:-} in
-start | stop) "$1" "${2:?the folder is missing}" ;;
+start | stop | resume) "$1" "${2:?the folder is missing}" ;;
+kill) kill_server "${2:?the folder is missing}" ;;
 *)
-    sed -n '2,8s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,9s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac

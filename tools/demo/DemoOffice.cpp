@@ -78,6 +78,7 @@ void Furnish(Connection& connection, const Configuration& configuration, const d
     const Customers customers = MakeCustomers(plan);
     AddRows(connection, customers.rows);
     const std::vector<Tour> tours = MakeTours(plan, fleet, customers);
+    MakeCoDriverTable(connection);
     AddTables(connection, MakeTourRows(plan, fleet, tours));
     AddTables(connection, MakeBillingRows(plan, tours));
     AddTables(connection, MakeShopRows(plan, fleet));

@@ -270,4 +270,12 @@ std::vector<TableRows> MakeTourRows(const Plan& plan, const Fleet& fleet, const 
     return tables;
 }
 
+void MakeCoDriverTable(Connection& connection)
+{
+    connection.Execute("CREATE TABLE CoDriverData (ID bigint IDENTITY(1,1) NOT NULL PRIMARY KEY, DriverID bigint NULL, "
+                       "CoDriverID bigint NULL, StartDate datetime NULL, EndDate datetime NULL, Notes varchar(500) "
+                       "NULL, EnteredBy varchar(50) NULL, EnteredDate datetime NULL, EditedBy varchar(50) NULL, "
+                       "EditedDate datetime NULL, TourID int NULL)");
+}
+
 }
