@@ -241,7 +241,10 @@ void DesktopHost::ShowForm(Form& form, OpenForm& entry)
 void DesktopHost::Place(OpenForm& entry) const
 {
     const QSize room = main.Area().viewport()->size();
-    const QSize wanted = entry.frame->sizeHint().expandedTo(entry.frame->minimumSizeHint());
+    QSize wanted = entry.frame->sizeHint().expandedTo(entry.frame->minimumSizeHint());
+    // What makes use of more room gets some.
+    if (entry.window->IsRoomy())
+        wanted = {wanted.width() * 11 / 10, wanted.height() * 21 / 20};
     entry.frame->resize(wanted.boundedTo(room));
     entry.frame->move(0, 0);
     if (!entry.window->IsRoomy())

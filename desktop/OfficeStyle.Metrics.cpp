@@ -51,8 +51,12 @@ QRect OfficeStyle::subControlRect(ComplexControl control, const QStyleOptionComp
         const QRect arrow(whole.right() - arrowWidth, whole.top(), arrowWidth, whole.height());
         if (part == SC_ComboBoxArrow)
             return visualRect(option->direction, whole, arrow);
-        if (part == SC_ComboBoxEditField)
-            return visualRect(option->direction, whole, whole.adjusted(6, 1, -arrowWidth, -1));
+        if (part == SC_ComboBoxEditField) {
+            // The line within brings a margin of its own.
+            const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+            const int left = combo && combo->editable ? 3 : 6;
+            return visualRect(option->direction, whole, whole.adjusted(left, 1, -arrowWidth, -1));
+        }
     }
     if (control == CC_GroupBox) {
         const int height = QFontMetrics(Look::Font(9, QFont::DemiBold)).height();

@@ -15,6 +15,7 @@ namespace rovanta {
 
 static void SavePicture(QWidget& widget, const std::filesystem::path& folder, const std::string& name)
 {
+    widget.window()->activateWindow();
     QCoreApplication::processEvents();
     for (const int percent : {100, 150}) {
         const qreal scale = percent / 100.0;
@@ -51,6 +52,13 @@ static void LoadRecord(App& app, Screen& screen)
         OpenFirst(app, screen, firstCustomer);
     else if (name == "frmCustomerNavigator")
         screen.DefaultButton()->Click.Fire();
+}
+
+/// The first of a vehicle's pictures.
+static void PickFirstPicture(Form& form)
+{
+    if (auto* images = dynamic_cast<ListBox*>(form.FindControl("lstImages")); images && images->ListCount() > 0)
+        images->Pick(0);
 }
 
 static Tabs* TabsOf(const Form& form)
@@ -110,6 +118,7 @@ void SaveScreenshots(App& app, DesktopHost& host, const std::filesystem::path& f
             host.FlushWindows();
             LoadRecord(app, screen);
             PickFirstLine(screen);
+            PickFirstPicture(screen);
             if (name == "frmRentalEntry") {
                 host.FlushWindows();
                 SavePicture(host.Main(), folder, "MDI");

@@ -10,6 +10,7 @@ run_packages=(
     ccache                    # a second build costs seconds
     libsqlite3-dev            # the embedded database
     libpq-dev                 # the way to a PostgreSQL server
+    unixodbc-dev              # the way to SQL Server
     libcurl4-openssl-dev      # sends the mails
     qt6-base-dev              # the windows
     qt6-image-formats-plugins # pictures of vehicles as tiff and webp
@@ -26,6 +27,7 @@ test_packages=(
     postgresql-15      # a server for the tests on PostgreSQL
     python3            # the checks of the house and the test mail server
     python3-aiosmtpd   # a real mail server on loopback
+    tdsodbc            # the FreeTDS driver, which talks to the suite's own server
     clang-format       # the layout of the sources
     xvfb               # a display for the window tests
     xauth              # lets xvfb-run open that display

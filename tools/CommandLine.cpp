@@ -12,11 +12,57 @@ namespace {
 
 constexpr int largestScale = 100;
 
+enum class Place { Folder, None };
+
+/// How a command is written.
+struct CommandWords {
+    const char* word;
+    Command command;
+    Place place;
+    std::vector<std::string> options;
+    std::vector<std::string> needed;
+};
+
+const std::vector<CommandWords>& AllCommands()
+{
+    static const std::vector<CommandWords> commands = {
+        {"create", Command::Create, Place::Folder, {"--connection", "--user", "--password"}, {}},
+        {"demo", Command::Demo, Place::Folder, {"--connection", "--seed", "--scale", "--today"}, {}},
+        {"check", Command::Check, Place::Folder, {}, {}},
+        {"copy", Command::Copy, Place::None, {"--from", "--to"}, {"--from", "--to"}},
+        {"backup", Command::Backup, Place::Folder, {"--to"}, {"--to"}},
+        {"restore", Command::Restore, Place::Folder, {"--from"}, {"--from"}}};
+    return commands;
+}
+
+const CommandWords& FindCommand(const std::string& word)
+{
+    for (const CommandWords& command : AllCommands())
+        if (word == command.word)
+            return command;
+    throw UsageError("There is no command \"" + word + "\".");
+}
+
 /// The arguments behind the command: one folder and options that each take a value.
 struct Arguments {
     std::optional<std::string> folder;
     std::map<std::string, std::string> options;
 };
+
+void RefuseUnfit(const CommandWords& command, const Arguments& read)
+{
+    const std::string word = "\"" + std::string(command.word) + "\"";
+    if (command.place == Place::None && read.folder)
+        throw UsageError(word + " takes no folder: " + *read.folder);
+    if (command.place == Place::Folder && (!read.folder || read.folder->empty()))
+        throw UsageError(word + " needs the folder of the office.");
+    const auto missing = std::find_if(command.needed.begin(), command.needed.end(), [&](const std::string& option) {
+        const auto given = read.options.find(option);
+        return given == read.options.end() || given->second.empty();
+    });
+    if (missing != command.needed.end())
+        throw UsageError(word + " needs the option " + *missing + ".");
+}
 
 Arguments ReadArguments(const std::vector<std::string>& arguments, const std::vector<std::string>& known)
 {
@@ -35,8 +81,6 @@ Arguments ReadArguments(const std::vector<std::string>& arguments, const std::ve
             throw UsageError("The option " + argument + " needs a value behind it.");
         read.options[argument] = arguments[++i];
     }
-    if (!read.folder || read.folder->empty())
-        throw UsageError("\"" + arguments[0] + "\" needs the folder of the office.");
     return read;
 }
 
@@ -74,15 +118,12 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments)
         if (argument == "--help" || argument == "-h")
             return line;
     if (arguments.empty())
-        throw UsageError("Tell what to do: create or demo.");
-    if (arguments[0] != "create" && arguments[0] != "demo")
-        throw UsageError("There is no command \"" + arguments[0] + "\".");
-    line.command = arguments[0] == "create" ? Command::Create : Command::Demo;
-    const std::vector<std::string> known =
-        line.command == Command::Create ? std::vector<std::string>{"--connection", "--user", "--password"}
-                                        : std::vector<std::string>{"--connection", "--seed", "--scale", "--today"};
-    const Arguments read = ReadArguments(arguments, known);
-    line.folder = *read.folder;
+        throw UsageError("Tell what to do: create, demo, check, copy, backup or restore.");
+    const CommandWords& command = FindCommand(arguments[0]);
+    line.command = command.command;
+    const Arguments read = ReadArguments(arguments, command.options);
+    RefuseUnfit(command, read);
+    line.folder = read.folder.value_or("");
     for (const auto& [option, text] : read.options) {
         if (option == "--connection")
             line.connection = text;
@@ -90,6 +131,10 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments)
             line.user = text;
         else if (option == "--password")
             line.password = text;
+        else if (option == "--from")
+            line.from = text;
+        else if (option == "--to")
+            line.to = text;
     }
     ReadDemoOptions(line, read);
     return line;
@@ -98,6 +143,7 @@ CommandLine ReadCommandLine(const std::vector<std::string>& arguments)
 const char* UsageText()
 {
     return R"(Usage: rovanta-db COMMAND FOLDER [OPTION VALUE]...
+       rovanta-db copy --from TEXT --to TEXT
 
   create FOLDER   makes an empty office in the folder: config.txt, the database, one user who may do
                   everything, and the folders of pictures, lease templates and documents
@@ -112,10 +158,26 @@ const char* UsageText()
     --scale N           N times as many vehicles, customers and tours, up to 100; 1 without it
     --today DATE        the day on which the company stands still; 11/16/2026 without it
 
+  check FOLDER    looks through the office: lines without a tour, invoices that differ from their lines or
+                  payments, files that are missing, texts that break a statement. It repairs nothing. A desk
+                  that saves meanwhile can show as a finding that is gone the next time
+
+  copy            copies an office's database to another one, from one engine to another if need be
+    --from TEXT         the office's database, as config.txt names it; a file counts from where you are
+    --to TEXT           a database without tables; a file that is not there is made
+
+  backup FOLDER   saves the office's database file, while desks work in it
+    --to FILE           a file that is not there yet
+
+  restore FOLDER  puts a backup in the place of the database file, when no desk has the office open; the file
+                  that was there stays beside it
+    --from FILE         the backup
+
   --help          this text
 
 Nothing that exists is overwritten: a folder that holds an office already is refused. What fails leaves
-nothing behind. Exit codes: 0 done, 1 it did not work, 2 the command line makes no sense.
+nothing behind. An office on a server is saved by the server's own tool: backup and restore name it.
+Exit codes: 0 done, 1 it did not work or check found something, 2 the command line makes no sense.
 )";
 }
 

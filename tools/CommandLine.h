@@ -16,7 +16,7 @@ public:
     using RunTimeError::RunTimeError;
 };
 
-enum class Command { Help, Create, Demo };
+enum class Command { Help, Create, Demo, Check, Copy, Backup, Restore };
 
 /// What a person asked `rovanta-db` for.
 struct CommandLine {
@@ -28,6 +28,9 @@ struct CommandLine {
     std::uint64_t seed = 1;
     int scale = 1;
     std::optional<DateTime> today;
+    /// Connection texts for `copy`, the file of a backup for `backup` and `restore`.
+    std::string from;
+    std::string to;
 };
 
 /// Reads the arguments behind the program's name. Throws UsageError.

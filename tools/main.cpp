@@ -1,8 +1,12 @@
 #include "app/OfficeMaker.h"
+#include "tools/Backup.h"
 #include "tools/CommandLine.h"
+#include "tools/OfficeCheck.h"
+#include "tools/OfficeCopy.h"
 #include "tools/Terminal.h"
 #include "tools/demo/DemoOffice.h"
 
+#include <filesystem>
 #include <iostream>
 
 namespace rovanta {
@@ -43,6 +47,49 @@ static void Demo(const CommandLine& line)
               << "  " << DemoUser::desk << " / " << DemoUser::deskPassword << "   may look at most things\n";
 }
 
+/// 0 when all is well.
+static int Check(const CommandLine& line)
+{
+    const Configuration configuration = ReadConfigFile((std::filesystem::path(line.folder) / "config.txt").string());
+    Connection connection;
+    connection.Open(configuration.ConnectionString);
+    const std::vector<FindingGroup> groups = CheckOffice(connection, configuration);
+    std::cout << FindingsText(groups);
+    for (const FindingGroup& group : groups)
+        if (!group.lines.empty())
+            return 1;
+    return 0;
+}
+
+static void Copy(const CommandLine& line)
+{
+    const CopyReport report = CopyOffice(line.from, line.to);
+    std::int64_t rows = 0;
+    for (const TableSum& table : report.tables) {
+        std::cout << table.table << ": " << table.rows << "\n";
+        rows += table.rows;
+    }
+    for (const std::string& view : report.viewsLeft)
+        std::cout << "The view " << view << " was not copied.\n";
+    std::cout << "Copied " << rows << " rows of " << report.tables.size()
+              << " tables; counts and sums agree on both sides.\n";
+}
+
+static void Backup(const CommandLine& line)
+{
+    const std::uintmax_t size = BackUpOffice(line.folder, line.to);
+    std::cout << "Saved the database of " << line.folder << " in " << line.to << ", " << size
+              << " bytes, and read it whole.\n";
+}
+
+static void Restore(const CommandLine& line)
+{
+    const std::string kept = RestoreOffice(line.folder, line.from);
+    std::cout << "The database of " << line.folder << " is that of " << line.from << " now.\n";
+    if (!kept.empty())
+        std::cout << "The one before is kept in " << kept << "\n";
+}
+
 static int Run(const std::vector<std::string>& arguments)
 {
     const CommandLine line = ReadCommandLine(arguments);
@@ -55,6 +102,17 @@ static int Run(const std::vector<std::string>& arguments)
         break;
     case Command::Demo:
         Demo(line);
+        break;
+    case Command::Check:
+        return Check(line);
+    case Command::Copy:
+        Copy(line);
+        break;
+    case Command::Backup:
+        Backup(line);
+        break;
+    case Command::Restore:
+        Restore(line);
         break;
     }
     return 0;

@@ -3,6 +3,7 @@
 #include "store/ConnectionText.h"
 #include "store/DatabaseError.h"
 #include "store/Engine.h"
+#include "store/OdbcEngine.h"
 #include "store/PostgresEngine.h"
 #include "store/SqliteEngine.h"
 
@@ -22,7 +23,8 @@ void Connection::Open(const std::string& connectionText)
         engine = OpenPostgres(connectionText);
         break;
     case EngineKind::SqlServer:
-        throw DatabaseError("This program cannot reach a database by ODBC.");
+        engine = OpenOdbc(connectionText);
+        break;
     }
 }
 

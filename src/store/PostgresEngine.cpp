@@ -246,6 +246,7 @@ private:
         try {
             std::vector<PostgresRows> rows = session.Run(guarded);
             rows.erase(rows.begin(), rows.begin() + before);
+            rows.pop_back();
             return rows;
         } catch (const PostgresError& error) {
             if (!error.State().empty())

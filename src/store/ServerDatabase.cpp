@@ -2,6 +2,7 @@
 
 #include "store/ConnectionText.h"
 #include "store/DatabaseError.h"
+#include "store/OdbcEngine.h"
 #include "store/PostgresEngine.h"
 
 namespace rovanta {
@@ -13,23 +14,38 @@ static DatabaseError NoServer(const std::string& text)
 
 std::string WithDatabase(const std::string& server, const std::string& name)
 {
-    if (ChooseEngine(server) == EngineKind::Postgres)
+    switch (ChooseEngine(server)) {
+    case EngineKind::Postgres:
         return WithPostgresDatabase(server, name);
-    throw NoServer(server);
+    case EngineKind::SqlServer:
+        return WithSqlServerDatabase(server, name);
+    default:
+        throw NoServer(server);
+    }
 }
 
 void CreateServerDatabase(const std::string& server, const std::string& name, const std::string& like)
 {
-    if (ChooseEngine(server) != EngineKind::Postgres)
+    switch (ChooseEngine(server)) {
+    case EngineKind::Postgres:
+        return CreatePostgresDatabase(server, name, like);
+    case EngineKind::SqlServer:
+        return CreateSqlServerDatabase(server, name, like);
+    default:
         throw NoServer(server);
-    CreatePostgresDatabase(server, name, like);
+    }
 }
 
 void DropServerDatabase(const std::string& server, const std::string& name)
 {
-    if (ChooseEngine(server) != EngineKind::Postgres)
+    switch (ChooseEngine(server)) {
+    case EngineKind::Postgres:
+        return DropPostgresDatabase(server, name);
+    case EngineKind::SqlServer:
+        return DropSqlServerDatabase(server, name);
+    default:
         throw NoServer(server);
-    DropPostgresDatabase(server, name);
+    }
 }
 
 }

@@ -26,6 +26,9 @@ struct CloseDatabase {
 struct FinalizeStatement {
     void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
 };
+struct FinishBackup {
+    void operator()(sqlite3_backup* backup) const { sqlite3_backup_finish(backup); }
+};
 using DatabasePointer = std::unique_ptr<sqlite3, CloseDatabase>;
 using StatementPointer = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 
@@ -457,36 +460,53 @@ DatabasePointer OpenFile(const std::string& path, int flags)
     return database;
 }
 
+DatabaseError CannotBeUsed(sqlite3* database, const std::string& path)
+{
+    return DatabaseError((sqlite3_errcode(database) & 0xFF) == SQLITE_NOTADB
+                             ? "The file '" + path + "' is no database."
+                             : "The database file '" + path + "' cannot be used: " + sqlite3_errmsg(database));
+}
+
 void Run(sqlite3* database, const std::string& path, const char* text)
 {
-    if (sqlite3_exec(database, text, nullptr, nullptr, nullptr) == SQLITE_OK)
-        return;
-    throw DatabaseError((sqlite3_errcode(database) & 0xFF) == SQLITE_NOTADB
-                            ? "The file '" + path + "' is no database."
-                            : "The database file '" + path + "' cannot be used: " + sqlite3_errmsg(database));
+    if (sqlite3_exec(database, text, nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw CannotBeUsed(database, path);
 }
 
-int FileVersion(sqlite3* database, const std::string& path)
+/// What the first row of the statement's answer begins with.
+std::string FirstAnswer(sqlite3* database, const std::string& path, const char* text)
 {
-    int version = 0;
+    std::string answer;
     const auto take = [](void* place, int, char** values, char**) {
-        *static_cast<int*>(place) = std::atoi(values[0]);
+        auto& first = *static_cast<std::string*>(place);
+        if (first.empty() && values[0] != nullptr)
+            first = values[0];
         return 0;
     };
-    if (sqlite3_exec(database, "PRAGMA user_version", take, &version, nullptr) != SQLITE_OK)
-        Run(database, path, "PRAGMA user_version");
-    return version;
+    if (sqlite3_exec(database, text, take, &answer, nullptr) != SQLITE_OK)
+        throw CannotBeUsed(database, path);
+    return answer;
 }
 
-}
-
-std::unique_ptr<Engine> OpenSqlite(const std::string& path)
+void RefuseWhatIsNoFile(const std::string& path)
 {
     std::error_code unknown;
     if (!std::filesystem::exists(path, unknown))
         throw DatabaseError("The database file '" + path + "' does not exist.");
     if (std::filesystem::is_directory(path, unknown))
         throw DatabaseError("'" + path + "' is a folder and no database file.");
+}
+
+int FileVersion(sqlite3* database, const std::string& path)
+{
+    return std::atoi(FirstAnswer(database, path, "PRAGMA user_version").c_str());
+}
+
+}
+
+std::unique_ptr<Engine> OpenSqlite(const std::string& path)
+{
+    RefuseWhatIsNoFile(path);
     DatabasePointer database = OpenFile(path, SQLITE_OPEN_READWRITE);
     constexpr int connectMilliseconds = 10'000;
     constexpr int workMilliseconds = 60'000;
@@ -511,6 +531,56 @@ void CreateSqliteFile(const std::string& path)
         throw DatabaseError("The file '" + path + "' exists already.");
     const DatabasePointer database = OpenFile(path, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
     Run(database.get(), path, "PRAGMA journal_mode = WAL");
+}
+
+void CopySqliteFile(const std::string& path, const std::string& copy)
+{
+    RefuseWhatIsNoFile(path);
+    std::error_code unknown;
+    if (std::filesystem::exists(copy, unknown))
+        throw DatabaseError("The file '" + copy + "' exists already.");
+    constexpr int waitMilliseconds = 60'000;
+    const DatabasePointer source = OpenFile(path, SQLITE_OPEN_READWRITE);
+    sqlite3_busy_timeout(source.get(), waitMilliseconds);
+    FileVersion(source.get(), path);
+    const DatabasePointer target = OpenFile(copy, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    // All pages in one step are those of one moment, and nobody waits for them.
+    std::unique_ptr<sqlite3_backup, FinishBackup> backup(
+        sqlite3_backup_init(target.get(), "main", source.get(), "main"));
+    const int code = backup ? sqlite3_backup_step(backup.get(), -1) : sqlite3_extended_errcode(target.get());
+    backup.reset();
+    if (code != SQLITE_DONE)
+        throw DatabaseError("The database file '" + path + "' cannot be copied to '" + copy +
+                            "': " + sqlite3_errstr(code));
+    // Without a log beside it the copy is one file that can be carried away.
+    Run(target.get(), copy, "PRAGMA journal_mode = DELETE");
+    AddDialect(target.get());
+    const std::string verdict = FirstAnswer(target.get(), path, "PRAGMA integrity_check(1)");
+    if (verdict != "ok")
+        throw DatabaseError("The database file '" + path + "' is damaged: " + verdict);
+}
+
+void WithSqliteFileAlone(const std::string& path, const std::function<void()>& work)
+{
+    const DatabasePointer database = OpenFile(path, SQLITE_OPEN_READWRITE);
+    constexpr int waitMilliseconds = 1'000;
+    sqlite3_busy_timeout(database.get(), waitMilliseconds);
+    // Only who is alone with the file can end its log; the lock that this takes stays until the work is done.
+    const int code =
+        sqlite3_exec(database.get(), "PRAGMA journal_mode = DELETE; PRAGMA locking_mode = EXCLUSIVE; BEGIN EXCLUSIVE",
+                     nullptr, nullptr, nullptr);
+    switch (code & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        throw DatabaseError("The database file '" + path + "' is in use.");
+    case SQLITE_OK:
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+        work();
+        break;
+    default:
+        throw CannotBeUsed(database.get(), path);
+    }
 }
 
 }

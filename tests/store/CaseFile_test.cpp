@@ -157,7 +157,7 @@ using namespace rovanta;
 static void CheckFile(const std::string& name, std::size_t fewestCases)
 {
     TestOffice office;
-    const CaseFile file = ReadCaseFile(std::string(SOURCE_FOLDER) + "/tests/store/" + name);
+    const CaseFile file = ReadCaseFile(SOURCE_FOLDER "/tests/store/" + name);
     CHECK(file.cases.size() >= fewestCases);
     for (const std::string& difference : RunCases(file, office.connection, office.ServerText()))
         FAIL_CHECK(difference);

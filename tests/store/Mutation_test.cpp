@@ -84,7 +84,7 @@ private:
 
 TEST_CASE("Statements out of shape are refused with a text, and nothing worse happens")
 {
-    const CaseFile file = ReadCaseFile(std::string(SOURCE_FOLDER) + "/tests/store/corpus.txt");
+    const CaseFile file = ReadCaseFile(SOURCE_FOLDER "/tests/store/corpus.txt");
     TestOffice office;
     for (const std::string& statement : file.data)
         office.Execute(statement);

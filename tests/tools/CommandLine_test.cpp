@@ -53,7 +53,7 @@ TEST_CASE("help is understood anywhere")
 
 TEST_CASE("a command line that makes no sense says what is wrong")
 {
-    CHECK(ComplaintOf({}) == "Tell what to do: create or demo.");
+    CHECK(ComplaintOf({}) == "Tell what to do: create, demo, check, copy, backup or restore.");
     CHECK(ComplaintOf({"destroy", "office"}) == "There is no command \"destroy\".");
     CHECK(ComplaintOf({"create"}) == "\"create\" needs the folder of the office.");
     CHECK(ComplaintOf({"create", ""}) == "\"create\" needs the folder of the office.");
@@ -73,4 +73,29 @@ TEST_CASE("numbers and dates of options are whole and within bounds")
     CHECK(ComplaintOf({"demo", "office", "--seed", ""}).starts_with("The option --seed takes"));
     CHECK(ComplaintOf({"demo", "office", "--today", "2/30/2027"}) ==
           "The option --today takes a date such as 11/16/2026, not \"2/30/2027\".");
+}
+
+TEST_CASE("check, copy, backup and restore take what they need")
+{
+    CHECK(ReadCommandLine({"check", "office"}).command == Command::Check);
+    CHECK(ReadCommandLine({"check", "office"}).folder == "office");
+    const CommandLine copy = ReadCommandLine({"copy", "--to", "b.db", "--from", "a.db"});
+    CHECK(copy.command == Command::Copy);
+    CHECK(copy.from == "a.db");
+    CHECK(copy.to == "b.db");
+    const CommandLine backup = ReadCommandLine({"backup", "office", "--to", "saved.db"});
+    CHECK(backup.command == Command::Backup);
+    CHECK(backup.folder == "office");
+    CHECK(backup.to == "saved.db");
+    const CommandLine restore = ReadCommandLine({"restore", "office", "--from", "saved.db"});
+    CHECK(restore.command == Command::Restore);
+    CHECK(restore.from == "saved.db");
+
+    CHECK(ComplaintOf({"check"}) == "\"check\" needs the folder of the office.");
+    CHECK(ComplaintOf({"check", "office", "--repair", "1"}) == "\"check\" knows no option --repair.");
+    CHECK(ComplaintOf({"copy", "office", "--from", "a", "--to", "b"}) == "\"copy\" takes no folder: office");
+    CHECK(ComplaintOf({"copy", "--from", "a"}) == "\"copy\" needs the option --to.");
+    CHECK(ComplaintOf({"backup", "office"}) == "\"backup\" needs the option --to.");
+    CHECK(ComplaintOf({"backup", "office", "--from", "a"}) == "\"backup\" knows no option --from.");
+    CHECK(ComplaintOf({"restore", "office", "--from", ""}) == "\"restore\" needs the option --from.");
 }

@@ -1,3 +1,4 @@
+#include "store/Connection.h"
 #include "support/TestApp.h"
 
 #include <doctest/doctest.h>
@@ -57,4 +58,46 @@ TEST_CASE("the exit code tells a wrong command line from a failure")
     CHECK(Run("--help").code == 0);
     CHECK(Run("").code == 2);
     CHECK(Run("create /dev/null/office --password word").code == 1);
+}
+
+TEST_CASE("the program checks, copies, saves and restores an office")
+{
+    const TestFolder test;
+    const std::string folder = test.File("office");
+    const std::string database = folder + "/rovanta.db";
+    REQUIRE(Run("create " + folder + " --user dana --password word").code == 0);
+    const Outcome clean = Run("check " + folder);
+    CHECK(clean.code == 0);
+    CHECK(clean.output == "Nothing found.\n");
+
+    const Outcome copied = Run("copy --from " + database + " --to " + test.File("copy.db"));
+    CHECK(copied.code == 0);
+    CHECK(copied.output.find("\nUser: 1\n") != std::string::npos);
+    CHECK(copied.output.ends_with("tables; counts and sums agree on both sides.\n"));
+    CHECK(Run("copy --from " + database + " --to " + test.File("copy.db")).code == 1);
+
+    const Outcome saved = Run("backup " + folder + " --to " + test.File("saved.db"));
+    CHECK(saved.code == 0);
+    CHECK(saved.output.starts_with("Saved the database of " + folder + " in " + test.File("saved.db") + ", "));
+    const Outcome restored = Run("restore " + folder + " --from " + test.File("saved.db"));
+    CHECK(restored.code == 0);
+    CHECK(restored.output.ends_with("\nThe one before is kept in " + database + ".replaced\n"));
+    CHECK(Run("restore " + folder + " --from " + test.File("nowhere.db")).code == 1);
+}
+
+TEST_CASE("a check that finds something ends with 1")
+{
+    const TestFolder test;
+    const std::string folder = test.File("office");
+    REQUIRE(Run("create " + folder + " --user dana --password word").code == 0);
+    {
+        rovanta::Connection connection;
+        connection.Open(folder + "/rovanta.db");
+        connection.Execute("INSERT INTO TourItems (ID,TourID) VALUES (1,7)");
+    }
+    const Outcome found = Run("check " + folder);
+    CHECK(found.code == 1);
+    CHECK(found.output.starts_with("Tour lines without a tour: 1\n  tour 7, line 1: "));
+    CHECK(Run("check " + test.File("nowhere")).code == 1);
+    CHECK(Run("check").code == 2);
 }

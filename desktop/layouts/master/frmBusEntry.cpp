@@ -32,9 +32,10 @@ static Page TruckPage()
                   }},
             Weighted(2, Group{"Pictures",
                               Row{
-                                  Column{Bare("lstImages"), Fields{Together{"txtImageName", Chars("txtFileType", 5)}},
-                                         Row{"btnLoadPic", "btnAddImage", "btnRemove"}},
-                                  Weighted(1, "imgPic"),
+                                  Weighted(1, Column{Bare("lstImages"),
+                                                     Fields{Together{"txtImageName", Chars("txtFileType", 5)}},
+                                                     Row{"btnLoadPic", "btnAddImage", "btnRemove"}}),
+                                  Weighted(2, "imgPic"),
                               }}),
         },
     };

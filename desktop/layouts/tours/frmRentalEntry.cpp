@@ -5,8 +5,8 @@ namespace rovanta {
 static Node Head()
 {
     return Row{
-        Weighted(3, Fields{Wide("cmbTour", 18), "cmbCustomer"}),
-        Weighted(2, Fields{Wide("txtTour", 20), "cmbStatus"}),
+        Weighted(4, Fields{Wide("cmbTour", 18), "cmbCustomer"}),
+        Weighted(3, Fields{Wide("txtTour", 20), "cmbStatus"}),
         Row{
             Display("txtTotalTourBudget"),
             Display("txtTotalContract"),

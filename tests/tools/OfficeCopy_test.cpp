@@ -1,0 +1,202 @@
+#include "tools/OfficeCopy.h"
+
+#include "store/Engine.h"
+#include "store/Schema.h"
+#include "support/TestApp.h"
+#include "support/TestServer.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+
+using namespace rovanta;
+using rovanta::tests::TestFolder;
+using rovanta::tests::WriteContent;
+
+namespace {
+
+void Run(const std::string& text, const std::vector<std::string>& statements)
+{
+    Connection connection;
+    connection.Open(text);
+    for (const std::string& statement : statements)
+        connection.Execute(Statement::Verbatim(statement));
+}
+
+/// An office with what is hard to carry: gaps in the numbers, every kind of value, letters of the world, line ends,
+/// apostrophes, lines without a number, and a table of somebody's own.
+void MakeOffice(const std::string& text)
+{
+    Connection connection;
+    connection.Open(text);
+    CreateSchema(connection);
+    for (const char* statement :
+         {"INSERT INTO Company (Name,TaxRate,KeyPressDelay,Tax0,Tax1) VALUES ('Blue Hollow',9.25,0.1,1,0)",
+          "INSERT INTO Customer (Name,Notes,Inactive) VALUES ('Gone',NULL,0)",
+          "INSERT INTO Customer (Name,Notes,Inactive) VALUES ('Žofie & Sons','They''re early;\r\nso -- are we ',0)",
+          "DELETE FROM Customer WHERE Name='Gone'",
+          "INSERT INTO Tour (CustomerID,TourName,TotalTourBudget,DateEntered) "
+          "VALUES (2,'Spring',-1234.5678,'3/2/2026 4:05:06 PM')",
+          "INSERT INTO TourItems (ID,TourID,BilledMonths,BusTotal,BusContract) VALUES (1,1,0.1,99.99,1)",
+          "INSERT INTO TourItems (ID,TourID,BilledMonths,BusTotal,BusContract) VALUES (2,1,NULL,NULL,NULL)",
+          "CREATE TABLE CoDriverData (ID bigint IDENTITY(1,1) NOT NULL PRIMARY KEY, DriverID bigint NULL, "
+          "Notes varchar(500) NULL)",
+          "INSERT INTO CoDriverData (DriverID,Notes) VALUES (5000000000,'')",
+          "CREATE TABLE HouseNotes (ID int IDENTITY(1,1) PRIMARY KEY, Words varchar(40) NOT NULL, Worth money)",
+          "INSERT INTO HouseNotes (Words,Worth) VALUES ('kept',0.0001)",
+          "CREATE VIEW HouseView AS SELECT * FROM HouseNotes"})
+        connection.Execute(Statement::Verbatim(statement));
+    // A third has more digits than a person writes.
+    Recordset line("SELECT * FROM TourItems WHERE ID=1", connection);
+    line.Fields("TotalMileage") = 1.0 / 3;
+    line.Update();
+}
+
+std::string Shown(const Value& value)
+{
+    if (const auto* number = std::get_if<double>(&value.Get()))
+        return std::to_string(*number) + (*number == 1.0 / 3 ? " exactly" : "");
+    return std::to_string(value.Get().index()) + ":" + value.TextOrEmpty();
+}
+
+/// All rows of all tables.
+std::map<std::string, std::vector<std::string>> Content(const std::string& text)
+{
+    Connection connection;
+    connection.Open(text);
+    std::map<std::string, std::vector<std::string>> content;
+    for (const TableInfo& table : ListTables(connection)) {
+        if (table.kind == TableKind::View)
+            continue;
+        std::vector<std::string>& lines = content[table.name];
+        Recordset rows(Statement{"SELECT * FROM ["} + Name(table.name) + "]", connection);
+        for (; !rows.Eof(); rows.MoveNext()) {
+            std::string line;
+            for (std::size_t column = 0; column < table.columns.size(); ++column)
+                line += Shown(rows.FieldAt(column).Value()) + "|";
+            lines.push_back(line);
+        }
+        std::sort(lines.begin(), lines.end());
+    }
+    return content;
+}
+
+bool HasTables(const std::string& text)
+{
+    Connection connection;
+    connection.Open(text);
+    return !ListTables(connection).empty();
+}
+
+/// Two databases without tables, the second on the suite's server where there is one.
+class Pair {
+public:
+    Pair()
+    {
+        CreateDatabaseFile(from);
+        if (TestServer()) {
+            server = std::make_unique<TestDatabase>("");
+            to = server->Text();
+        }
+    }
+
+    TestFolder folder;
+    std::unique_ptr<TestDatabase> server;
+    std::string from = folder.File("from.db");
+    std::string to = folder.File("to.db");
+};
+
+std::string RefusalOf(const std::string& from, const std::string& to)
+{
+    try {
+        CopyOffice(from, to);
+    } catch (const RunTimeError& error) {
+        return error.what();
+    }
+    return "";
+}
+
+}
+
+TEST_CASE("a copy holds every row of every table under its own number")
+{
+    const Pair pair;
+    MakeOffice(pair.from);
+    const CopyReport report = CopyOffice(pair.from, pair.to);
+    const auto original = Content(pair.from);
+    CHECK(report.tables.size() == original.size());
+    CHECK(report.viewsLeft == std::vector<std::string>{"HouseView"});
+    CHECK(Content(pair.to) == original);
+    CHECK(original.at("HouseNotes").size() == 1);
+
+    SUBCASE("and goes on counting behind the highest one")
+    {
+        Run(pair.to, {"INSERT INTO Customer (Name) VALUES ('Next')"});
+        Connection connection;
+        connection.Open(pair.to);
+        Recordset next("SELECT ID FROM Customer WHERE Name='Next'", connection);
+        CHECK(next.FieldAt(0).Number() == 3);
+    }
+    SUBCASE("and comes back the same")
+    {
+        const std::string back = pair.folder.File("back.db");
+        CopyOffice(pair.to, back);
+        CHECK(Content(back) == original);
+    }
+}
+
+TEST_CASE("a copy goes only where there is no table")
+{
+    const Pair pair;
+    MakeOffice(pair.from);
+    Run(pair.from, {"DROP VIEW HouseView"});
+    if (!TestServer())
+        CreateDatabaseFile(pair.to);
+    Run(pair.to, {"CREATE TABLE Words (Word varchar(10))"});
+    CHECK(RefusalOf(pair.from, pair.to) == "The database to copy to is not empty: it holds the table Words.");
+    CHECK(RefusalOf(pair.from, pair.from) ==
+          "The database to copy to is not empty: it holds the table Bus and others.");
+    CHECK(HasTables(pair.to));
+}
+
+TEST_CASE("what is no office is not copied, and no file is made for it")
+{
+    const Pair pair;
+    Run(pair.from, {"CREATE TABLE Company (Name varchar(10))"});
+    const std::string made = pair.folder.File("made.db");
+    CHECK(RefusalOf(pair.from, made) == "The database to copy from holds no office: it has no table User.");
+    CHECK_FALSE(std::filesystem::exists(made));
+    CHECK(RefusalOf(pair.folder.File("nowhere.db"), made).find("does not exist") != std::string::npos);
+    CHECK(RefusalOf(pair.from, "ftp://office").find("begins with 'ftp://'") != std::string::npos);
+}
+
+TEST_CASE("a copy that fails midway leaves nothing")
+{
+    const Pair pair;
+    MakeOffice(pair.from);
+    Run(pair.from, {"DROP TABLE DateRange", "CREATE TABLE DateRange (DateField datetime, Extra int)"});
+    CHECK(RefusalOf(pair.from, pair.to) == "The table DateRange could not be copied: it has a column Extra that this "
+                                           "program knows nothing of.");
+    if (TestServer())
+        CHECK_FALSE(HasTables(pair.to));
+    else
+        CHECK_FALSE(std::filesystem::exists(pair.to));
+    const std::string empty = pair.folder.File("empty.db");
+    CreateDatabaseFile(empty);
+    CHECK(RefusalOf(pair.from, empty).find("Extra") != std::string::npos);
+    CHECK_FALSE(HasTables(empty));
+}
+
+TEST_CASE("counts and sums that differ are told with the column")
+{
+    const TableSum original{"Tour", 3, {{"Name", 3}, {"Budget", 1000.25}}};
+    CHECK(Differences(original, original).empty());
+    CHECK(Differences(original, {"Tour", 3, {{"Name", 3}, {"Budget", 1000.25004}}}).empty());
+    CHECK(Differences(original, {"Tour", 2, {{"Name", 3}, {"Budget", 1000.25}}}) ==
+          std::vector<std::string>{"it has 3 rows, its copy 2."});
+    CHECK(Differences(original, {"Tour", 3, {{"Name", 2}, {"Budget", 1000.24}}}) ==
+          std::vector<std::string>{"its column Name comes to 3, in the copy to 2.",
+                                   "its column Budget comes to 1000.25, in the copy to 1000.24."});
+}

@@ -1,0 +1,184 @@
+#include "tools/Backup.h"
+
+#include "frame/Configuration.h"
+#include "store/Connection.h"
+#include "store/DatabaseError.h"
+#include "store/Recordset.h"
+#include "store/SqliteEngine.h"
+#include "values/Text.h"
+
+#include <array>
+
+namespace rovanta {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::array companions = {"-wal", "-shm", "-journal"};
+
+/// A database file under way to its place, gone again unless it gets there.
+class Draft {
+public:
+    explicit Draft(std::string path) : path(std::move(path)) { Remove(); }
+    ~Draft() { Remove(); }
+    Draft(const Draft&) = delete;
+    Draft& operator=(const Draft&) = delete;
+
+    void MoveTo(const std::string& place) const { fs::rename(path, place); }
+
+    const std::string path;
+
+private:
+    void Remove() const
+    {
+        std::error_code ignored;
+        fs::remove(path, ignored);
+        for (const char* companion : companions)
+            fs::remove(path + companion, ignored);
+    }
+};
+
+std::string OfficeConnection(const fs::path& folder)
+{
+    return ReadConfigFile((folder / "config.txt").string()).ConnectionString;
+}
+
+/// A word between the apostrophes of a shell.
+std::string ShellWord(const std::string& word)
+{
+    return "'" + Replace(word, "'", "'\\''") + "'";
+}
+
+std::string WithoutPassword(const std::string& url)
+{
+    const auto from = url.find("://") + 3;
+    const auto end = std::min(url.find_first_of("/?", from), url.size());
+    const auto sign = url.rfind('@', end);
+    const auto colon = url.find(':', from);
+    std::string text = url;
+    if (sign != std::string::npos && sign >= from && colon < sign)
+        text.erase(colon, sign - colon);
+    for (auto at = text.find("password="); at != std::string::npos; at = text.find("password=", at)) {
+        const auto next = text.find('&', at);
+        text.erase(at, next == std::string::npos ? next : next + 1 - at);
+    }
+    if (text.ends_with('?') || text.ends_with('&'))
+        text.pop_back();
+    return text;
+}
+
+/// The database that an ODBC text names; the DSN may be the one that knows.
+std::string OdbcDatabase(const std::string& connectionText)
+{
+    const std::string text = ";" + LowerCase(connectionText);
+    const auto at = text.find(";database=");
+    if (at == std::string::npos)
+        return "the DSN's database";
+    const auto from = at + std::string("database=").size();
+    std::string name = connectionText.substr(from, connectionText.find(';', from) - from);
+    if (name.starts_with('{') && name.ends_with('}'))
+        name = name.substr(1, name.size() - 2);
+    return name;
+}
+
+std::string SqlServerName(const std::string& connectionText)
+{
+    return "[" + Replace(OdbcDatabase(connectionText), "]", "]]") + "]";
+}
+
+std::string FreeName(const std::string& path)
+{
+    std::string name = path;
+    for (int number = 2; fs::exists(name); ++number)
+        name = path + std::to_string(number);
+    return name;
+}
+
+void RefuseNoOffice(const std::string& draft, const std::string& backup)
+{
+    Connection connection;
+    try {
+        connection.Open(draft);
+        const Recordset user("SELECT TOP 1 Username FROM [User]", connection);
+        const Recordset company("SELECT TOP 1 Name FROM Company", connection);
+    } catch (const DatabaseError& error) {
+        throw RunTimeError("The file '" + backup + "' holds no office: " + Replace(error.what(), draft, backup));
+    }
+}
+
+/// Puts the draft in the place of the database and leaves the replaced file beside it.
+void PutInPlace(const std::string& database, const Draft& draft, const std::string& kept)
+{
+    // What a damaged file has beside it belongs to that file and to no other.
+    for (const char* companion : companions)
+        if (fs::exists(database + companion))
+            fs::rename(database + companion, kept + companion);
+    // With two names for the old file there is a database at every moment.
+    std::error_code noLinks;
+    fs::create_hard_link(database, kept, noLinks);
+    if (noLinks)
+        fs::rename(database, kept);
+    draft.MoveTo(database);
+}
+
+}
+
+std::uintmax_t BackUpOffice(const fs::path& folder, const std::string& backup)
+{
+    const std::string connection = OfficeConnection(folder);
+    if (ChooseEngine(connection) != EngineKind::Sqlite)
+        throw RunTimeError(ServerBackupAdvice(connection, backup));
+    if (fs::exists(backup))
+        throw RunTimeError("The file '" + backup + "' exists already.");
+    const Draft draft(backup + ".part");
+    CopySqliteFile(DatabaseFile(connection), draft.path);
+    draft.MoveTo(backup);
+    return fs::file_size(backup);
+}
+
+std::string RestoreOffice(const fs::path& folder, const std::string& backup)
+{
+    const std::string connection = OfficeConnection(folder);
+    if (ChooseEngine(connection) != EngineKind::Sqlite)
+        throw RunTimeError(ServerRestoreAdvice(connection, backup));
+    const std::string database = DatabaseFile(connection);
+    const Draft draft(database + ".part");
+    CopySqliteFile(backup, draft.path);
+    RefuseNoOffice(draft.path, backup);
+    if (!fs::exists(database)) {
+        draft.MoveTo(database);
+        return {};
+    }
+    std::string kept = FreeName(database + ".replaced");
+    try {
+        WithSqliteFileAlone(database, [&] { PutInPlace(database, draft, kept); });
+    } catch (const DatabaseError& error) {
+        throw RunTimeError(std::string(error.what()) + " Close the office on every desk first.");
+    }
+    return kept;
+}
+
+std::string ServerBackupAdvice(const std::string& connectionText, const std::string& file)
+{
+    if (ChooseEngine(connectionText) == EngineKind::Postgres)
+        return "The office lies on a PostgreSQL server. The server's own tool saves it while it is in use:\n"
+               "  pg_dump --format=custom --file=" +
+               ShellWord(file) + " " + ShellWord(WithoutPassword(connectionText));
+    return "The office lies on a SQL Server. The server itself saves it, to a file of its own machine, while it is in "
+           "use:\n  BACKUP DATABASE " +
+           SqlServerName(connectionText) + " TO DISK = N'" + Replace(file, "'", "''") + "' WITH INIT, CHECKSUM";
+}
+
+std::string ServerRestoreAdvice(const std::string& connectionText, const std::string& file)
+{
+    if (ChooseEngine(connectionText) == EngineKind::Postgres)
+        return "The office lies on a PostgreSQL server. When it is closed on every desk, the server's own tool puts "
+               "the file back:\n  pg_restore --clean --if-exists --single-transaction --dbname=" +
+               ShellWord(WithoutPassword(connectionText)) + " " + ShellWord(file);
+    return "The office lies on a SQL Server. When it is closed on every desk, the server itself puts the file back:\n"
+           "  RESTORE DATABASE " +
+           SqlServerName(connectionText) + " FROM DISK = N'" + Replace(file, "'", "''") + "' WITH REPLACE";
+}
+
+}

@@ -1,0 +1,245 @@
+#include "tools/OfficeCopy.h"
+
+#include "store/Connection.h"
+#include "store/DatabaseError.h"
+#include "store/Engine.h"
+#include "store/Schema.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <filesystem>
+
+namespace rovanta {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A database file that this run makes, gone again unless the copy comes to stand.
+class MadeFile {
+public:
+    MadeFile() = default;
+    ~MadeFile()
+    {
+        std::error_code ignored;
+        if (!path.empty())
+            for (const char* companion : {"", "-wal", "-shm", "-journal"})
+                fs::remove(path + companion, ignored);
+    }
+    MadeFile(const MadeFile&) = delete;
+    MadeFile& operator=(const MadeFile&) = delete;
+
+    /// Makes the file that the connection text names, where it names one that is not there.
+    void MakeFor(const std::string& text)
+    {
+        if (ChooseEngine(text) != EngineKind::Sqlite || fs::exists(DatabaseFile(text)))
+            return;
+        CreateDatabaseFile(text);
+        path = DatabaseFile(text);
+    }
+    void Keep() { path.clear(); }
+
+private:
+    std::string path;
+};
+
+Statement Bracketed(const std::string& name)
+{
+    return Statement{"["} + Name(name) + "]";
+}
+
+Statement ColumnList(const TableInfo& table)
+{
+    Statement list;
+    for (const ColumnInfo& column : table.columns)
+        list += (list.Get().empty() ? Statement{} : Statement{","}) + Bracketed(column.name);
+    return list;
+}
+
+/// The number with all its digits, so that it comes out on the other side as it was.
+Statement AllDigits(double number)
+{
+    std::array<char, 512> buffer{};
+    const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::fixed);
+    return Statement::Verbatim(std::string(buffer.data(), written.ptr));
+}
+
+Statement Literal(const Value& value)
+{
+    if (value.IsNull())
+        return Statement{"NULL"};
+    const auto& content = value.Get();
+    if (const auto* flag = std::get_if<bool>(&content))
+        return Statement{} + Flag(*flag);
+    if (const auto* whole = std::get_if<std::int64_t>(&content))
+        return Statement{} + Key(*whole);
+    if (const auto* number = std::get_if<double>(&content))
+        return AllDigits(*number);
+    if (value.IsDate())
+        return Statement{"'"} + DateText(value.Date()) + "'";
+    return Statement{"'"} + QuotedText(value.Text()) + "'";
+}
+
+void RefuseNoOffice(const std::vector<TableInfo>& tables)
+{
+    for (const char* needed : {"Company", "User"})
+        if (std::none_of(tables.begin(), tables.end(), [&](const TableInfo& table) { return table.name == needed; }))
+            throw RunTimeError("The database to copy from holds no office: it has no table " + std::string(needed) +
+                               ".");
+}
+
+void RefuseFilled(Connection& target)
+{
+    const std::vector<TableInfo> tables = ListTables(target);
+    if (!tables.empty())
+        throw RunTimeError("The database to copy to is not empty: it holds the table " + tables.front().name +
+                           (tables.size() == 1 ? "." : " and others."));
+}
+
+/// Makes a table that an office does not have by itself.
+void MakeTable(Connection& target, const TableInfo& table)
+{
+    Statement columns;
+    for (const ColumnInfo& column : table.columns) {
+        columns += (columns.Get().empty() ? Statement{} : Statement{","}) + Bracketed(column.name) + " " +
+                   Statement::Verbatim(TypeDeclaration(column.type));
+        columns += column.identity   ? Statement{" IDENTITY(1,1) PRIMARY KEY"}
+                   : column.nullable ? Statement{}
+                                     : Statement{" NOT NULL"};
+    }
+    target.Execute(Statement{"CREATE TABLE "} + Bracketed(table.name) + " (" + columns + ")");
+}
+
+void RefuseMissingColumns(const TableInfo& table, const TableInfo& target)
+{
+    for (const ColumnInfo& column : table.columns)
+        if (target.FindColumn(column.name) == nullptr)
+            throw DatabaseError("it has a column " + column.name + " that this program knows nothing of.");
+}
+
+void CopyRows(Connection& source, Connection& target, const TableInfo& table)
+{
+    const Statement columns = ColumnList(table);
+    const RowSet rows =
+        source.GetEngine().Query((Statement{"SELECT "} + columns + " FROM " + Bracketed(table.name)).Get());
+    // As many rows travel together as make a statement of moderate length.
+    constexpr std::size_t cellsAtOnce = 2000;
+    const std::size_t width = rows.ColumnCount();
+    const std::size_t rowsAtOnce = std::clamp<std::size_t>(cellsAtOnce / width, 1, 200);
+    const Statement head = Statement{"INSERT INTO "} + Bracketed(table.name) + " (" + columns + ") VALUES ";
+    for (std::size_t first = 0; first < rows.rowCount; first += rowsAtOnce) {
+        const std::size_t end = std::min(rows.rowCount, first + rowsAtOnce);
+        Statement insert = head;
+        for (std::size_t row = first; row < end; ++row) {
+            insert += row == first ? Statement{"("} : Statement{",("};
+            for (std::size_t column = 0; column < width; ++column) {
+                if (column > 0)
+                    insert += Statement{","};
+                insert += Literal(rows.cells[row * width + column]);
+            }
+            insert += Statement{")"};
+        }
+        target.Execute(insert);
+    }
+}
+
+void CopyTable(Connection& source, Connection& target, const TableInfo& table)
+{
+    TablePointer made = target.GetEngine().Tables().Find(table.name);
+    if (!made) {
+        MakeTable(target, table);
+        made = target.GetEngine().Tables().Find(table.name);
+    }
+    RefuseMissingColumns(table, *made);
+    const bool numbered = made->Identity() != nullptr;
+    if (numbered)
+        target.Execute(Statement{"SET IDENTITY_INSERT "} + Bracketed(table.name) + " ON");
+    CopyRows(source, target, table);
+    if (numbered)
+        target.Execute(Statement{"SET IDENTITY_INSERT "} + Bracketed(table.name) + " OFF");
+}
+
+TableSum SumOf(Connection& connection, const TableInfo& table)
+{
+    Statement select = "SELECT COUNT(*)";
+    for (const ColumnInfo& column : table.columns) {
+        const bool number = IsNumber(column.type.kind);
+        select += (number ? Statement{",SUM(CAST("} : Statement{",COUNT("}) + Bracketed(column.name) +
+                  (number ? Statement{" AS float))"} : Statement{")"});
+    }
+    const RowSet answer = connection.GetEngine().Query((select + " FROM " + Bracketed(table.name)).Get());
+    TableSum sum{table.name, static_cast<std::int64_t>(answer.cells[0].Number()), {}};
+    for (std::size_t i = 0; i < table.columns.size(); ++i) {
+        const Value& value = answer.cells[i + 1];
+        sum.columns.emplace_back(table.columns[i].name, value.IsNull() ? 0 : value.Number());
+    }
+    return sum;
+}
+
+TableSum CopyAndCompare(Connection& source, Connection& target, const TableInfo& table)
+{
+    try {
+        CopyTable(source, target, table);
+        TableSum copied = SumOf(target, table);
+        const std::vector<std::string> differences = Differences(SumOf(source, table), copied);
+        if (!differences.empty())
+            throw RunTimeError(differences.front());
+        return copied;
+    } catch (const RunTimeError& error) {
+        throw RunTimeError("The table " + table.name + " could not be copied: " + error.what());
+    }
+}
+
+}
+
+std::vector<std::string> Differences(const TableSum& original, const TableSum& copy)
+{
+    std::vector<std::string> found;
+    if (original.rows != copy.rows)
+        found.push_back("it has " + std::to_string(original.rows) + " rows, its copy " + std::to_string(copy.rows) +
+                        ".");
+    for (std::size_t i = 0; i < original.columns.size(); ++i) {
+        const auto& [column, sum] = original.columns[i];
+        const double copied = copy.columns[i].second;
+        constexpr double tenThousandth = 1e-4;
+        constexpr double lastDigits = 1e-12;
+        if (std::abs(sum - copied) > tenThousandth + std::abs(sum) * lastDigits)
+            found.push_back("its column " + column + " comes to " + AllDigits(sum).Get() + ", in the copy to " +
+                            AllDigits(copied).Get() + ".");
+    }
+    return found;
+}
+
+CopyReport CopyOffice(const std::string& from, const std::string& to)
+{
+    ChooseEngine(to);
+    Connection source;
+    source.Open(from);
+    const std::vector<TableInfo> tables = ListTables(source);
+    RefuseNoOffice(tables);
+
+    MadeFile made;
+    made.MakeFor(to);
+    Connection target;
+    target.Open(to);
+    RefuseFilled(target);
+
+    CopyReport report;
+    // The desks of the source wait with their saves, and of the target nothing stays before all of it is right.
+    source.Execute("BEGIN TRANSACTION");
+    target.Execute("BEGIN TRANSACTION");
+    AddSchema(target);
+    for (const TableInfo& table : tables) {
+        if (table.kind == TableKind::Table)
+            report.tables.push_back(CopyAndCompare(source, target, table));
+        else if (!target.GetEngine().Tables().Find(table.name))
+            report.viewsLeft.push_back(table.name);
+    }
+    target.Execute("COMMIT TRANSACTION");
+    made.Keep();
+    return report;
+}
+
+}
