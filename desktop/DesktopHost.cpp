@@ -17,6 +17,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace rovanta {
@@ -36,16 +37,18 @@ DesktopHost::DesktopHost() : main(gate)
         }
     };
     QObject::connect(&main.Area(), &QMdiArea::subWindowActivated, &main, [this](QMdiSubWindow* frame) {
-        for (const auto& [form, each] : open) {
-            if (each.frame == frame)
-                each.window->TakeFocus();
-        }
+        const auto found =
+            std::find_if(open.begin(), open.end(), [&](const auto& each) { return each.second.frame == frame; });
+        if (found != open.end())
+            found->second.window->TakeFocus();
         main.RefreshStrip();
     });
 }
 
 DesktopHost::~DesktopHost()
 {
+    // The area tells of windows that lose their place while it goes itself.
+    main.Area().disconnect(&main);
     while (!open.empty())
         FormUnloaded(const_cast<Form&>(*open.begin()->first));
 }
@@ -72,16 +75,29 @@ void DesktopHost::Settle()
     FlushWindows();
 }
 
+void DesktopHost::FlushForms()
+{
+    // A window that takes the keyboard may run routines, and these may close forms.
+    std::vector<const Form*> forms;
+    for (const auto& [form, each] : open)
+        forms.push_back(form);
+    for (const Form* form : forms) {
+        const auto found = open.find(form);
+        if (found != open.end())
+            found->second.window->Flush();
+    }
+}
+
 void DesktopHost::FlushWindows()
 {
-    for (auto& [form, each] : open)
-        each.window->Flush();
+    FlushForms();
     if (Form* form = std::exchange(toFront, nullptr)) {
         const auto found = open.find(form);
         if (found != open.end() && form->Visible()) {
             ShowForm(*form, found->second);
             main.Area().setActiveSubWindow(found->second.frame);
             found->second.window->TakeFocus();
+            FlushForms();
         }
     }
     main.RefreshStrip();

@@ -58,6 +58,7 @@ private:
     };
 
     void Settle();
+    void FlushForms();
     void ShowForm(Form& form, OpenForm& open);
     void Place(OpenForm& entry) const;
     void MoveToMiddle(OpenForm& entry) const;

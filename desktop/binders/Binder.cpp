@@ -15,7 +15,9 @@ void Binder::SetWidget(QWidget* made)
 {
     widget = made;
     widget->setObjectName(QString::fromStdString(control.Name()));
-    widget->setAccessibleName(QString::fromStdString(PlainCaption(control.Caption())));
+    // Readers of the screen hear what the headings of a table tell the eye.
+    const std::string remark = control.Note().empty() ? "" : ", " + control.Note();
+    widget->setAccessibleName(QString::fromStdString(PlainCaption(control.Caption()) + remark));
     widget->installEventFilter(this);
 }
 
