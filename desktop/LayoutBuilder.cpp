@@ -46,6 +46,8 @@ static bool IsWide(const Control& control)
 
 void LayoutBuilder::Build(const Node& layout)
 {
+    // A stranger is refused before anything is made.
+    VisitControls(layout, [this](const Node& node) { ControlOf(node); });
     auto* box = new QVBoxLayout(&window);
     box->setContentsMargins(Look::margin, Look::margin - 4, Look::margin, Look::margin - 4);
     box->setSpacing(0);
