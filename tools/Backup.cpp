@@ -4,7 +4,7 @@
 #include "store/Connection.h"
 #include "store/DatabaseError.h"
 #include "store/Recordset.h"
-#include "store/SqliteEngine.h"
+#include "store/SqliteFile.h"
 #include "values/Text.h"
 
 #include <array>

@@ -3,7 +3,7 @@
 #include "store/Connection.h"
 #include "store/Engine.h"
 #include "store/Lexer.h"
-#include "store/SqliteEngine.h"
+#include "store/SqliteFile.h"
 
 namespace rovanta {
 
