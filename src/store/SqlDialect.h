@@ -29,8 +29,8 @@ public:
                                    const std::string& right) const = 0;
     /// An aggregate, written as the call of its function, as the type that it has in the program's language.
     virtual std::string Aggregate(const Expression& expression, const std::string& text) const = 0;
-    /// The conversion of a text that does not fit as it stands. `place` is the column of limited length that it goes to,
-    /// empty for none.
+    /// The conversion of a text that does not fit as it stands. `place` is the column of limited length that it goes
+    /// to, empty for none.
     virtual std::string Conversion(const std::string& text, TypeKind from, const SqlType& to,
                                    const std::string& place) const = 0;
     virtual std::string Like(const Expression& expression, const std::string& text,

@@ -1,5 +1,5 @@
-#include "store/Conversion.h"
 #include "store/SqlWriter.h"
+#include "store/Conversion.h"
 
 #include <algorithm>
 
