@@ -16,6 +16,9 @@
 #include <list>
 #include <unordered_map>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 namespace rovanta {
 
 namespace {
@@ -491,10 +494,18 @@ std::string FirstAnswer(sqlite3* database, const std::string& path, const char* 
 void RefuseWhatIsNoFile(const std::string& path)
 {
     std::error_code unknown;
-    if (!std::filesystem::exists(path, unknown))
+    const std::filesystem::file_status status = std::filesystem::status(path, unknown);
+    if (status.type() == std::filesystem::file_type::not_found)
         throw DatabaseError("The database file '" + path + "' does not exist.");
-    if (std::filesystem::is_directory(path, unknown))
+    if (status.type() == std::filesystem::file_type::none)
+        throw DatabaseError("The database file '" + path + "' cannot be opened: " + unknown.message());
+    if (std::filesystem::is_directory(status))
         throw DatabaseError("'" + path + "' is a folder and no database file.");
+    if (!std::filesystem::is_regular_file(status))
+        throw DatabaseError("'" + path + "' is no database file.");
+    if (faccessat(AT_FDCWD, path.c_str(), R_OK | W_OK, AT_EACCESS) != 0)
+        throw DatabaseError("The database file '" + path +
+                            "' cannot be written: " + std::generic_category().message(errno));
 }
 
 int FileVersion(sqlite3* database, const std::string& path)
@@ -515,8 +526,6 @@ std::unique_ptr<Engine> OpenSqlite(const std::string& path)
     if (version != 0 && version != schemaVersion)
         throw DatabaseError("The database file '" + path + "' holds version " + std::to_string(version) +
                             " of the schema, and this program needs version " + std::to_string(schemaVersion) + ".");
-    if (sqlite3_db_readonly(database.get(), "main") == 1)
-        throw DatabaseError("The database file '" + path + "' cannot be written.");
     // What a save has reported done is on the disk, even if the power fails.
     Run(database.get(), path, "PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL; PRAGMA temp_store = MEMORY");
     sqlite3_busy_timeout(database.get(), workMilliseconds);
