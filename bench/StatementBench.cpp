@@ -5,7 +5,8 @@
 #include "frame/Configuration.h"
 #include "store/Connection.h"
 #include "store/Engine.h"
-#include "store/SqliteEmitter.h"
+#include "store/PlanMaker.h"
+#include "store/SqliteDialect.h"
 #include "store/Translator.h"
 
 #include <array>
@@ -42,7 +43,7 @@ std::vector<Result> MeasureStatements(const BenchOffice& office)
     Connection connection;
     connection.Open(ReadConfigFile(office.ConfigPath()).ConnectionString);
     Catalogue& catalogue = connection.GetEngine().Tables();
-    Translator translator(EmitForSqlite);
+    Translator translator([](const ParsedStatement& statement) { return MakePlan(statement, SqliteDialect()); });
     // What comes out asks for functions that only the program's own connection has.
     sqlite3* database = StatementCounter::NewestConnection();
     std::vector<std::string> translated;

@@ -5,7 +5,7 @@
 #include "store/DatabaseError.h"
 #include "store/PostgresText.h"
 #include "store/Recordset.h"
-#include "store/SqliteEngine.h"
+#include "store/SqliteFile.h"
 #include "values/Text.h"
 
 #include <array>

@@ -4,7 +4,7 @@
 #include "store/DatabaseError.h"
 #include "store/Engine.h"
 #include "store/Lexer.h"
-#include "store/SqliteEngine.h"
+#include "store/SqliteFile.h"
 
 namespace rovanta {
 

@@ -1,6 +1,6 @@
 #include "store/SqliteTexts.h"
 
-#include "store/SqliteEmitter.h"
+#include "store/SqliteDialect.h"
 
 namespace rovanta {
 
