@@ -27,9 +27,8 @@ bool IsWellWritten(std::string_view piece)
 {
     for (std::size_t at = piece.find('%'); at != std::string_view::npos; at = piece.find('%', at + 1)) {
         const std::string_view number = piece.substr(at + 1, 2);
-        const bool hexadecimal = std::all_of(number.begin(), number.end(), [](unsigned char letter) {
-            return std::isxdigit(letter) != 0;
-        });
+        const bool hexadecimal =
+            std::all_of(number.begin(), number.end(), [](unsigned char letter) { return std::isxdigit(letter) != 0; });
         if (number.size() < 2 || !hexadecimal || number == "00")
             return false;
     }
@@ -40,8 +39,8 @@ bool IsWellWritten(std::string_view piece)
 bool HasPortOrNone(const std::string& server)
 {
     const auto colon = server.find(':', server.starts_with('[') ? server.find(']') : 0);
-    return colon == std::string::npos || std::all_of(server.begin() + static_cast<std::ptrdiff_t>(colon) + 1,
-                                                     server.end(), IsDigit);
+    return colon == std::string::npos ||
+           std::all_of(server.begin() + static_cast<std::ptrdiff_t>(colon) + 1, server.end(), IsDigit);
 }
 
 DatabaseError NoSense(const std::string& why)

@@ -9,7 +9,8 @@ using namespace rovanta::tests;
 
 static std::string Server(const std::string& host, const std::string& port)
 {
-    return "Driver={FreeTDS};Server=" + host + ";Port=" + port + ";Database=office;UID=office;PWD=sesame;TDS_Version=7.4";
+    return "Driver={FreeTDS};Server=" + host + ";Port=" + port +
+           ";Database=office;UID=office;PWD=sesame;TDS_Version=7.4";
 }
 
 TEST_CASE("Who may not enter a SQL Server is told at the start")
