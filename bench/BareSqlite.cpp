@@ -1,6 +1,6 @@
 #include "bench/BareSqlite.h"
 
-#include "store/SqliteEmitter.h"
+#include "store/SqliteDialect.h"
 #include "store/TextRules.h"
 
 #include <stdexcept>

@@ -4,8 +4,9 @@
 #include "bench/Timing.h"
 #include "store/Connection.h"
 #include "store/Engine.h"
-#include "store/PostgresEmitter.h"
-#include "store/SqliteEmitter.h"
+#include "store/PlanMaker.h"
+#include "store/PostgresDialect.h"
+#include "store/SqliteDialect.h"
 #include "store/Translator.h"
 
 #include <array>
@@ -44,7 +45,8 @@ std::vector<Result> MeasureStatements(const BenchOffice& office)
     Connection connection;
     connection.Open(office.ConnectionText());
     Catalogue& catalogue = connection.GetEngine().Tables();
-    Translator translator(server != nullptr ? EmitForPostgres : EmitForSqlite);
+    const SqlDialect& dialect = server != nullptr ? PostgresDialect() : SqliteDialect();
+    Translator translator([&](const ParsedStatement& statement) { return MakePlan(statement, dialect); });
     // What comes out asks for functions that only the program's own connection to a file has.
     sqlite3* file = StatementCounter::NewestConnection();
     std::vector<std::string> translated;

@@ -15,17 +15,21 @@ void BinderState::Bind()
 {
     StatementTree& tree = statement.tree;
     if (auto* query = std::get_if<std::unique_ptr<Query>>(&tree))
-        BindQuery(**query, nullptr);
+        BindWholeQuery(**query);
     else if (auto* insert = std::get_if<InsertStatement>(&tree))
         BindInsert(*insert);
     else if (auto* update = std::get_if<UpdateStatement>(&tree))
         BindUpdate(*update);
     else if (auto* deletion = std::get_if<DeleteStatement>(&tree))
         BindDelete(*deletion);
+    else if (auto* table = std::get_if<CreateTableStatement>(&tree))
+        RefuseTakenName(table->table);
     else if (auto* index = std::get_if<CreateIndexStatement>(&tree))
         BindIndex(*index);
     else if (auto* view = std::get_if<CreateViewStatement>(&tree))
-        BindQuery(*view->query, nullptr);
+        BindView(*view);
+    else if (auto* drop = std::get_if<DropStatement>(&tree))
+        BindDrop(*drop);
     else if (auto* setting = std::get_if<IdentityInsertStatement>(&tree))
         setting->table = FindTableToChange(setting->table)->name;
 }
@@ -85,6 +89,34 @@ std::vector<const ColumnInfo*> BinderState::InsertColumns(InsertStatement& inser
         columns.push_back(column);
     }
     return columns;
+}
+
+void BinderState::RefuseTakenName(const std::string& name) const
+{
+    if (catalogue.Find(name))
+        throw DatabaseError("There is already an object named '" + name + "' in the database.");
+}
+
+void BinderState::BindWholeQuery(Query& query)
+{
+    if (const std::string& into = query.members.front().into; !into.empty())
+        RefuseTakenName(into);
+    BindQuery(query, nullptr);
+}
+
+void BinderState::BindView(CreateViewStatement& view)
+{
+    RefuseTakenName(view.view);
+    BindQuery(*view.query, nullptr);
+}
+
+void BinderState::BindDrop(DropStatement& drop) const
+{
+    const TablePointer dropped = catalogue.Find(drop.name);
+    if (!dropped || dropped->kind != drop.kind)
+        throw DatabaseError("Cannot drop the table '" + drop.name +
+                            "', because it does not exist or you do not have permission.");
+    drop.name = dropped->name;
 }
 
 static DatabaseError WrongNumberOfValues(const InsertStatement& insert, std::size_t columns, std::size_t values)

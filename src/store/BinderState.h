@@ -29,11 +29,15 @@ private:
     void BindUpdate(UpdateStatement& update);
     void BindDelete(DeleteStatement& deletion);
     void BindIndex(CreateIndexStatement& index);
+    void BindView(CreateViewStatement& view);
+    void BindDrop(DropStatement& drop) const;
+    void RefuseTakenName(const std::string& name) const;
     TablePointer FindTable(const std::string& name) const;
     TablePointer FindTableToChange(const std::string& name) const;
     std::unique_ptr<Source> TargetSource(const std::string& table) const;
 
     // Queries
+    void BindWholeQuery(Query& query);
     void BindQuery(Query& query, const Scope* outer);
     void BindSelect(Select& select, const Scope* outer, Query* ordered);
     void BindSource(Source& source, Scope& scope);

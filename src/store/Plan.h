@@ -32,10 +32,8 @@ struct Plan {
     std::vector<FixedLiteral> fixed;
     /// Query: what it delivers.
     std::shared_ptr<const ResultShape> shape;
-    /// Definition: the table or view that it makes, empty where it makes none, and the one that it drops.
-    std::string creates;
-    std::string drops;
-    TableKind droppedKind = TableKind::Table;
+    /// Change: the table whose new rows bring their own number; null where none do.
+    TablePointer numbered;
     IdentityInsertStatement identityInsert;
     TransactionStep transaction = TransactionStep::Begin;
 

@@ -1,11 +1,12 @@
 #include "store/PostgresEngine.h"
 
 #include "store/DatabaseError.h"
-#include "store/PostgresEmitter.h"
+#include "store/PostgresDialect.h"
 #include "store/PostgresSession.h"
+#include "store/PostgresText.h"
 #include "store/PostgresValues.h"
 #include "store/Schema.h"
-#include "store/Translator.h"
+#include "store/TranslatingEngine.h"
 #include "values/Text.h"
 
 #include <algorithm>
@@ -28,9 +29,10 @@ const char* const catalogueText =
 /// How a desk tells the others that the tables are not what they were.
 const char* const newsText = "NOTIFY rovanta_tables";
 
-class PostgresEngine : public Engine {
+class PostgresEngine : public TranslatingEngine {
 public:
-    explicit PostgresEngine(const std::string& connectionText) : session(connectionText)
+    explicit PostgresEngine(const std::string& connectionText)
+        : TranslatingEngine(PostgresDialect()), session(connectionText)
     {
         const PostgresRows found =
             session.RunScript("SET search_path = public; SET DateStyle = ISO; SET standard_conforming_strings = on; "
@@ -41,36 +43,9 @@ public:
         if (equipped)
             commands.push_back(Bare("SELECT number FROM rovanta.version"));
         const std::vector<PostgresRows> answers = session.Run(commands);
-        TakeCatalogue(answers[0]);
+        TakeRows(answers[0]);
         if (equipped)
             CheckVersion(answers[1]);
-    }
-
-    void Execute(std::string_view statement) override
-    {
-        WithFreshCatalogue([&] {
-            const auto translated = translator.Translate(statement, catalogue);
-            RunPlan(*translated.plan, translated.literals);
-        });
-    }
-
-    RowSet Query(std::string_view select) override
-    {
-        RowSet rows;
-        WithFreshCatalogue([&] {
-            const auto translated = translator.Translate(select, catalogue);
-            if (translated.plan->kind != PlanKind::Query)
-                throw DatabaseError(
-                    "Operation is not allowed when the object is closed: the statement returns no rows.");
-            rows = ReadRows(*translated.plan, translated.literals);
-            // Another desk has changed a table meanwhile: what the star stood for may be another list of columns now.
-            if (!session.TakeNews())
-                return;
-            ReadCatalogue();
-            const auto again = translator.Translate(select, catalogue);
-            rows = ReadRows(*again.plan, again.literals);
-        });
-        return rows;
     }
 
     InsertedRow Insert(const TableInfo& table, const std::vector<ColumnValue>& values) override
@@ -117,13 +92,6 @@ public:
         return RunOne(command).ChangedCount() > 0;
     }
 
-    Catalogue& Tables() override
-    {
-        if (session.TakeNews())
-            ReadCatalogue();
-        return catalogue;
-    }
-
     void SetSchemaVersion(int version) override
     {
         Equip();
@@ -151,7 +119,8 @@ private:
                         std::to_string(command.arguments.size());
         for (const ColumnValue& value : read) {
             Add(command, value);
-            command.text += " AND " + PostgresStillHolds(value.column->name, command.arguments.size());
+            command.text += " AND " + PostgresName(value.column->name) + " IS NOT DISTINCT FROM $" +
+                            std::to_string(command.arguments.size());
         }
     }
 
@@ -164,40 +133,29 @@ private:
                                 std::to_string(schemaVersion) + ".");
     }
 
-    /// Does the work; where it fails and another program has changed the tables meanwhile, once more with the new ones.
-    template <class Work>
-    void WithFreshCatalogue(Work work)
+    bool TakeNews() override { return session.TakeNews(); }
+
+    bool MayComeOfOldCatalogue(const DatabaseError& error) const override
     {
-        if (session.TakeNews())
-            ReadCatalogue();
-        try {
-            work();
-        } catch (const PostgresError& error) {
-            // A table or column that is not there, one that is, and rows of another shape than was prepared for.
-            constexpr std::array<std::string_view, 5> signsOfChange{"42P01", "42703", "42P07", "42704", "0A000"};
-            if (std::find(signsOfChange.begin(), signsOfChange.end(), error.State()) == signsOfChange.end() ||
-                !CatalogueChanged())
-                throw;
-            work();
-        } catch (const DatabaseError& error) {
-            if (!CatalogueChanged())
-                throw;
-            work();
-        }
+        const auto* told = dynamic_cast<const PostgresError*>(&error);
+        // A table or column that is not there, one that is, and rows of another shape than was prepared for.
+        constexpr std::array<std::string_view, 5> signsOfChange{"42P01", "42703", "42P07", "42704", "0A000"};
+        return told == nullptr ||
+               std::find(signsOfChange.begin(), signsOfChange.end(), told->State()) != signsOfChange.end();
     }
 
-    bool CatalogueChanged()
+    bool CatalogueWasOld() override
     {
         const std::string before = catalogueSeen;
         ReadCatalogue();
         return catalogueSeen != before;
     }
 
-    void ReadCatalogue() { TakeCatalogue(RunOne(Bare(catalogueText))); }
+    void ReadCatalogue() override { TakeRows(RunOne(Bare(catalogueText))); }
 
-    void TakeCatalogue(const PostgresRows& rows)
+    /// Makes the catalogue of what catalogueText brings.
+    void TakeRows(const PostgresRows& rows)
     {
-        translator.Forget();
         catalogueSeen.clear();
         auto columns = std::make_shared<std::map<std::string, std::vector<ColumnInfo>>>();
         std::vector<Catalogue::Entry> entries;
@@ -213,7 +171,7 @@ private:
             column.nullable = rows.Text(row, 4) == "f";
             column.identity = rows.Text(row, 5) == "t";
         }
-        catalogue = Catalogue(entries, [columns](const std::string& table) { return (*columns)[table]; });
+        TakeCatalogue(Catalogue(entries, [columns](const std::string& table) { return (*columns)[table]; }));
     }
 
     /// Brings what the dialect needs into a new database.
@@ -263,27 +221,6 @@ private:
         transaction = TransactionState::Begun;
     }
 
-    void RunPlan(const Plan& plan, const std::vector<Literal>& literals)
-    {
-        switch (plan.kind) {
-        case PlanKind::Query:
-            ReadRows(plan, literals);
-            break;
-        case PlanKind::Change:
-            Change(plan, literals);
-            break;
-        case PlanKind::Definition:
-            Define(plan, literals);
-            break;
-        case PlanKind::IdentityInsert:
-            translator.SetIdentityInsert(plan.identityInsert.on ? plan.identityInsert.table : "");
-            break;
-        case PlanKind::Transaction:
-            Step(plan.transaction);
-            break;
-        }
-    }
-
     static PostgresCommand Bound(const Plan& plan, const std::vector<Literal>& literals)
     {
         PostgresCommand command{plan.statements.back(), {}, true};
@@ -292,16 +229,15 @@ private:
         return command;
     }
 
-    void Change(const Plan& plan, const std::vector<Literal>& literals)
+    void Change(const Plan& plan, const std::vector<Literal>& literals) override
     {
         Commands commands{Bound(plan, literals)};
         // Rows that brought their own number push the table's numbering behind them.
-        if (!plan.creates.empty()) {
-            const TablePointer table = catalogue.Find(plan.creates);
-            const std::string name = PostgresName(table->name);
-            const std::string identity = table->Identity()->name;
+        if (plan.numbered) {
+            const std::string name = PostgresName(plan.numbered->name);
+            const std::string identity = plan.numbered->Identity()->name;
             const std::string sequence =
-                "pg_get_serial_sequence('" + Replace(name, "'", "''") + "', '" + Replace(identity, "'", "''") + "')";
+                "pg_get_serial_sequence(" + SqlDialect::Quoted(name) + ", " + SqlDialect::Quoted(identity) + ")";
             commands.push_back({"SELECT setval(" + sequence + ", greatest((SELECT max(" + PostgresName(identity) +
                                     ") FROM " + name + "), nextval(" + sequence + ") - 1, 1))",
                                 {},
@@ -311,14 +247,8 @@ private:
     }
 
     /// Changes the tables and tells the other desks.
-    void Define(const Plan& plan, const std::vector<Literal>& literals)
+    void Define(const Plan& plan, const std::vector<Literal>& literals) override
     {
-        if (!plan.creates.empty() && catalogue.Find(plan.creates) != nullptr)
-            throw DatabaseError("There is already an object named '" + plan.creates + "' in the database.");
-        const TablePointer dropped = plan.drops.empty() ? nullptr : catalogue.Find(plan.drops);
-        if (!plan.drops.empty() && (!dropped || dropped->kind != plan.droppedKind))
-            throw DatabaseError("Cannot drop the table '" + plan.drops +
-                                "', because it does not exist or you do not have permission.");
         Equip();
         Commands commands;
         for (const std::string& text : plan.statements)
@@ -326,15 +256,12 @@ private:
         // The parameters are those of the last.
         commands.back() = Bound(plan, literals);
         commands.back().repeated = false;
-        if (dropped)
-            commands.back().text =
-                (dropped->kind == TableKind::View ? "DROP VIEW " : "DROP TABLE ") + PostgresName(dropped->name);
         commands.push_back(Bare(newsText));
         commands.push_back(Bare(catalogueText));
-        TakeCatalogue(Run(commands).back());
+        TakeRows(Run(commands).back());
     }
 
-    void Step(TransactionStep step)
+    void Step(TransactionStep step) override
     {
         if (step == TransactionStep::Begin) {
             if (transaction != TransactionState::None)
@@ -352,13 +279,13 @@ private:
         if (begun && step == TransactionStep::Commit)
             session.Run({Bare("COMMIT")});
         if (begun && step == TransactionStep::Rollback) {
-            TakeCatalogue(session.Run({Bare("ROLLBACK"), Bare(catalogueText)}).back());
+            TakeRows(session.Run({Bare("ROLLBACK"), Bare(catalogueText)}).back());
             equipped = equipped && !equippedHere;
         }
         equippedHere = false;
     }
 
-    RowSet ReadRows(const Plan& plan, const std::vector<Literal>& literals)
+    RowSet ReadRows(const Plan& plan, const std::vector<Literal>& literals) override
     {
         const PostgresRows answer = RunOne(Bound(plan, literals));
         RowSet rows;
@@ -381,8 +308,6 @@ private:
     }
 
     PostgresSession session;
-    Translator translator{EmitForPostgres};
-    Catalogue catalogue;
     /// The catalogue's rows in one text, to see whether they have changed.
     std::string catalogueSeen;
     TransactionState transaction = TransactionState::None;
@@ -414,11 +339,7 @@ void DropPostgresDatabase(const std::string& connectionText, const std::string& 
 
 std::string WithPostgresDatabase(const std::string& connectionText, const std::string& name)
 {
-    const auto server = connectionText.find("://");
-    const auto from = server == std::string::npos ? connectionText.size() : connectionText.find('/', server + 3);
-    const auto options = connectionText.find('?', server == std::string::npos ? 0 : server + 3);
-    const std::string tail = options == std::string::npos ? "" : connectionText.substr(options);
-    return connectionText.substr(0, std::min(from, options)) + "/" + name + tail;
+    return PostgresText(connectionText).WithDatabase(name);
 }
 
 }

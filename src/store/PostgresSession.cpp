@@ -1,5 +1,6 @@
 #include "store/PostgresSession.h"
 
+#include "store/PostgresText.h"
 #include "values/Text.h"
 
 #include <libpq-fe.h>
@@ -69,6 +70,9 @@ std::string ErrorText(const PGresult* result, const std::string& state)
         return "Divide by zero error encountered.";
     if (state == "22003")
         return OverflowText(text);
+    // The one condition that a type of the program has.
+    if (state == "23514")
+        return OverflowText("numeric");
     if (state == "22008")
         return "Adding a value to a 'datetime' column caused an overflow.";
     if (state == "21000")
@@ -109,10 +113,12 @@ std::string ParameterOf(PGconn* connection, const char* keyword)
     return found;
 }
 
-void CheckText(const std::string& text)
+/// Has the text read once without its password, for what the library cannot read it quotes.
+void CheckText(const PostgresText& text)
 {
+    text.Check();
     char* failure = nullptr;
-    PQconninfoOption* options = PQconninfoParse(text.c_str(), &failure);
+    PQconninfoOption* options = PQconninfoParse(text.WithoutPassword().c_str(), &failure);
     const std::string told = OneLine(failure);
     PQconninfoFree(options);
     PQfreemem(failure);
@@ -163,12 +169,14 @@ struct PostgresSession::Flight {
 
 PostgresSession::PostgresSession(const std::string& connectionText)
 {
-    CheckText(connectionText);
+    const PostgresText text(connectionText);
+    CheckText(text);
+    const std::string whole = text.Whole();
     constexpr auto patience = std::chrono::milliseconds(9'500);
     const auto end = Clock::now() + patience;
     const std::array<const char*, 6> names{"dbname",          "client_encoding",  "application_name",
                                            "keepalives_idle", "tcp_user_timeout", nullptr};
-    const std::array<const char*, 6> values{connectionText.c_str(), "UTF8", "Rovanta", "60", "60000", nullptr};
+    const std::array<const char*, 6> values{whole.c_str(), "UTF8", "Rovanta", "60", "60000", nullptr};
     PGconn* opened = PQconnectStartParams(names.data(), values.data(), 1);
     if (opened == nullptr)
         throw DatabaseError("There is no memory left for a connection.");
@@ -205,22 +213,32 @@ void PostgresSession::Forget(const std::string& name)
     for (auto place = recent.begin(); place != recent.end(); ++place) {
         if (place->name != name)
             continue;
-        byText.erase(place->text);
+        byKey.erase(place->key);
         recent.erase(place);
         return;
     }
 }
 
+/// By what a statement is remembered: its text and the types of its arguments, for the server prepares it for those.
+static std::string KeyOf(const PostgresCommand& command)
+{
+    std::string key = command.text;
+    for (const PostgresArgument& argument : command.arguments)
+        key += " " + std::to_string(static_cast<unsigned>(argument.type));
+    return key;
+}
+
 /// A statement out of those used last; the one that must go for it is taken from the server as well.
-PostgresSession::Prepared& PostgresSession::Remember(const std::string& text,
+PostgresSession::Prepared& PostgresSession::Remember(const PostgresCommand& command,
                                                      std::vector<PostgresCommand>& housekeeping)
 {
-    if (const auto found = byText.find(text); found != byText.end()) {
+    std::string key = KeyOf(command);
+    if (const auto found = byKey.find(key); found != byKey.end()) {
         recent.splice(recent.begin(), recent, found->second);
         return recent.front();
     }
-    recent.push_front({text, "rovanta_" + std::to_string(++nextName), false});
-    byText.emplace(recent.front().text, recent.begin());
+    recent.push_front({std::move(key), "rovanta_" + std::to_string(++nextName), false});
+    byKey.emplace(recent.front().key, recent.begin());
     constexpr std::size_t mostKept = 200;
     if (recent.size() > mostKept) {
         if (recent.back().known)
@@ -248,7 +266,7 @@ void PostgresSession::Send(const PostgresCommand& command, Flight& flight)
     int sent = 0;
     if (command.repeated) {
         std::vector<PostgresCommand> housekeeping;
-        Prepared& prepared = Remember(command.text, housekeeping);
+        Prepared& prepared = Remember(command, housekeeping);
         for (const PostgresCommand& other : housekeeping) {
             PQsendQueryParams(raw, other.text.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0);
             flight.answers.push_back({false, {}});

@@ -8,8 +8,9 @@ namespace rovanta {
 
 class Connection;
 
-/// The version of the schema that this program works with; a database notes which one it holds.
-inline constexpr int schemaVersion = 1;
+/// The version of the schema that this program works with; a database notes which one it holds. The order of texts, by
+/// which its indexes are laid out, counts among it.
+inline constexpr int schemaVersion = 2;
 
 /// The statements that make every table and index of an empty database.
 std::string_view SchemaScript();
@@ -22,6 +23,9 @@ void AddSchema(Connection& connection);
 
 /// Makes the whole schema in the connected database, all of it or, when a statement fails, nothing.
 void CreateSchema(Connection& connection);
+
+/// Throws DatabaseError when the connected database is none of an office.
+void RequireOffice(Connection& connection);
 
 /// Makes an empty embedded database for that connection text, to be opened and given its schema. Throws DatabaseError
 /// when the file exists already.

@@ -2,7 +2,6 @@
 
 #include "store/Engine.h"
 
-#include <functional>
 #include <memory>
 #include <string>
 
@@ -11,16 +10,5 @@ namespace rovanta {
 /// Opens the SQLite database in the file `path`. Throws DatabaseError naming the file when it does not exist, is no
 /// database, cannot be written or holds another version of the schema.
 std::unique_ptr<Engine> OpenSqlite(const std::string& path);
-
-/// Makes an SQLite database without tables in the file `path`. Throws DatabaseError when the file exists already.
-void CreateSqliteFile(const std::string& path);
-
-/// Copies the SQLite database in the file `path`, as it stands at one moment and whoever works in it, to the new file
-/// `copy`, and reads the copy whole to prove it sound. Throws DatabaseError; what was copied so far then stays.
-void CopySqliteFile(const std::string& path, const std::string& copy);
-
-/// Does the work while no program has the SQLite database in the file `path` open and all of it lies in that one file.
-/// A damaged file is let through as it lies. Throws DatabaseError when a program has it open.
-void WithSqliteFileAlone(const std::string& path, const std::function<void()>& work);
 
 }

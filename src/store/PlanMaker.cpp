@@ -1,69 +1,32 @@
-#include "store/SqliteEmitter.h"
+#include "store/PlanMaker.h"
 
-#include "store/Conversion.h"
 #include "store/DatabaseError.h"
-#include "store/SqliteWriter.h"
+#include "store/SqlWriter.h"
 #include "values/Text.h"
 
 namespace rovanta {
 
-std::string SqliteName(const std::string& name)
-{
-    return "[" + name + "]";
-}
-
 namespace {
 
-std::string ColumnDefinition(const ColumnInfo& column)
+/// The column that numbers the table's rows, which then is its key; null where there is none.
+const ColumnInfo* IdentityOf(const CreateTableStatement& table)
 {
-    // The declared type stays the dialect's own word, so that the catalogue can be read back from the database.
-    std::string text = SqliteName(column.name) + " " + TypeDeclaration(column.type);
-    if (column.type.kind == TypeKind::Varchar)
-        text += std::string(" COLLATE ") + sqliteTextCollation;
-    if (!column.nullable)
-        text += " NOT NULL";
-    return text;
-}
-
-std::string CreateTableText(const CreateTableStatement& table)
-{
-    std::string text;
     const ColumnInfo* identity = nullptr;
     for (const ColumnInfo& column : table.columns) {
-        text += text.empty() ? "" : ", ";
-        if (!column.identity) {
-            text += ColumnDefinition(column);
+        if (!column.identity)
             continue;
-        }
         if (identity != nullptr)
             throw DatabaseError("Multiple identity columns specified for table '" + table.table +
                                 "'. Only one identity column per table is allowed.");
         if (!IsWhole(column.type.kind) || column.type.kind == TypeKind::Bit)
             throw DatabaseError("Identity column '" + column.name + "' must be of data type int or bigint.");
         identity = &column;
-        text += SqliteName(column.name) + " INTEGER PRIMARY KEY AUTOINCREMENT NOT NULL";
     }
-    const bool ownKey = identity == nullptr && !table.primaryKey.empty();
     if (identity != nullptr && !table.primaryKey.empty() &&
         (table.primaryKey.size() > 1 || !EqualNoCase(table.primaryKey[0], identity->name)))
         throw DatabaseError("The identity column '" + identity->name + "' must be the primary key of table '" +
                             table.table + "'.");
-    if (ownKey) {
-        std::string key;
-        for (const std::string& column : table.primaryKey)
-            key += (key.empty() ? "" : ", ") + SqliteName(column);
-        text += ", PRIMARY KEY (" + key + ")";
-    }
-    return "CREATE TABLE " + SqliteName(table.table) + " (" + text + ")";
-}
-
-std::string CreateIndexText(const CreateIndexStatement& index)
-{
-    std::string columns;
-    for (const std::string& column : index.columns)
-        columns += (columns.empty() ? "" : ", ") + SqliteName(column);
-    return std::string("CREATE ") + (index.unique ? "UNIQUE " : "") + "INDEX " + SqliteName(index.index) + " ON " +
-           SqliteName(index.table) + " (" + columns + ")";
+    return identity;
 }
 
 /// The table that a SELECT ... INTO makes: the columns of its result.
@@ -92,7 +55,10 @@ CreateTableStatement TableOfResult(const std::string& name, const std::vector<So
 
 class PlanMaker {
 public:
-    explicit PlanMaker(const ParsedStatement& statement) : statement(statement), writer(statement.literals) {}
+    PlanMaker(const ParsedStatement& statement, const SqlDialect& dialect)
+        : statement(statement), dialect(dialect), writer(statement, dialect)
+    {
+    }
 
     Plan Make()
     {
@@ -102,11 +68,12 @@ public:
     }
 
 private:
-    void Define(std::string text, std::string creates = {})
+    void Add(std::string text) { plan.statements.push_back(std::move(text)); }
+
+    void Define(std::string text)
     {
         plan.kind = PlanKind::Definition;
-        plan.statements.push_back(std::move(text));
-        plan.creates = std::move(creates);
+        Add(std::move(text));
     }
 
     void MakeOf(const std::unique_ptr<Query>& query)
@@ -114,31 +81,59 @@ private:
         const std::string& into = query->members.front().into;
         if (into.empty()) {
             plan.kind = PlanKind::Query;
-            plan.statements.push_back(writer.TopQuery(*query));
+            Add(writer.QueryText(*query, SqlWriter::Use::Read));
             plan.shape = std::make_shared<ResultShape>(query->columns, query->updatable);
             return;
         }
-        Define(CreateTableText(TableOfResult(into, query->columns)), into);
-        plan.statements.push_back("INSERT INTO " + SqliteName(into) + " " + writer.QueryText(*query));
+        MakeOf(TableOfResult(into, query->columns));
+        Add("INSERT INTO " + dialect.Name(into) + " " + writer.QueryText(*query, SqlWriter::Use::Fill));
     }
 
-    void MakeOf(const InsertStatement& insert) { plan.statements.push_back(writer.InsertText(insert)); }
-    void MakeOf(const UpdateStatement& update) { plan.statements.push_back(writer.UpdateText(update)); }
-    void MakeOf(const DeleteStatement& deletion) { plan.statements.push_back(writer.DeleteText(deletion)); }
-    void MakeOf(const CreateTableStatement& table) { Define(CreateTableText(table), table.table); }
-    void MakeOf(const CreateIndexStatement& index) { Define(CreateIndexText(index)); }
+    void MakeOf(const InsertStatement& insert)
+    {
+        Add(writer.InsertText(insert));
+        const ColumnInfo* identity = insert.target->Identity();
+        for (const std::string& column : insert.columns)
+            if (identity != nullptr && column == identity->name)
+                plan.numbered = insert.target;
+    }
+
+    void MakeOf(const UpdateStatement& update) { Add(writer.UpdateText(update)); }
+    void MakeOf(const DeleteStatement& deletion) { Add(writer.DeleteText(deletion)); }
+
+    void MakeOf(const CreateTableStatement& table)
+    {
+        const ColumnInfo* identity = IdentityOf(table);
+        std::string parts;
+        for (const ColumnInfo& column : table.columns) {
+            if (std::string first = dialect.NeededFirst(column); !first.empty())
+                Add(std::move(first));
+            parts += (parts.empty() ? "" : ", ") + dialect.ColumnDefinition(column);
+        }
+        if (identity == nullptr && !table.primaryKey.empty())
+            parts += ", PRIMARY KEY (" + Names(table.primaryKey) + ")";
+        Define("CREATE TABLE " + dialect.Name(table.table) + " (" + parts + ")");
+    }
+
+    void MakeOf(const CreateIndexStatement& index)
+    {
+        std::string columns;
+        for (const std::string& column : index.columns)
+            columns += (columns.empty() ? "" : ", ") + dialect.IndexedColumn(column);
+        Define(std::string("CREATE ") + (index.unique ? "UNIQUE " : "") + "INDEX " + dialect.Name(index.index) +
+               " ON " + dialect.Name(index.table) + " (" + columns + ")");
+    }
 
     void MakeOf(const CreateViewStatement& view)
     {
         writer.WriteLiteralsOut();
-        Define("CREATE VIEW " + SqliteName(view.view) + " AS " + writer.QueryText(*view.query), view.view);
+        Define("CREATE VIEW " + dialect.Name(view.view) + " AS " +
+               writer.QueryText(*view.query, SqlWriter::Use::Inside));
     }
 
     void MakeOf(const DropStatement& drop)
     {
-        Define((drop.kind == TableKind::View ? "DROP VIEW " : "DROP TABLE ") + SqliteName(drop.name));
-        plan.drops = drop.name;
-        plan.droppedKind = drop.kind;
+        Define((drop.kind == TableKind::View ? "DROP VIEW " : "DROP TABLE ") + dialect.Name(drop.name));
     }
 
     void MakeOf(const IdentityInsertStatement& setting)
@@ -153,16 +148,25 @@ private:
         plan.transaction = transaction.step;
     }
 
+    std::string Names(const std::vector<std::string>& columns) const
+    {
+        std::string text;
+        for (const std::string& column : columns)
+            text += (text.empty() ? "" : ", ") + dialect.Name(column);
+        return text;
+    }
+
     const ParsedStatement& statement;
-    SqliteWriter writer;
+    const SqlDialect& dialect;
+    SqlWriter writer;
     Plan plan;
 };
 
 }
 
-Plan EmitForSqlite(const ParsedStatement& statement)
+Plan MakePlan(const ParsedStatement& statement, const SqlDialect& dialect)
 {
-    return PlanMaker(statement).Make();
+    return PlanMaker(statement, dialect).Make();
 }
 
 }
