@@ -57,6 +57,8 @@ Options ReadOptions(const std::vector<std::string>& arguments)
         else
             (option == "--only" ? options.only : options.engine) = value;
     }
+    if (!options.engine.empty() && options.engine != "sqlite" && options.engine != "postgresql")
+        throw std::runtime_error("There is no engine \"" + options.engine + "\": sqlite or postgresql.");
     return options;
 }
 
@@ -109,6 +111,14 @@ std::string MachineText()
     return std::string(machine.sysname) + " " + machine.machine + ", " + std::to_string(count) + " x " + model;
 }
 
+/// How many programs wanted a processor in the last minute.
+double Load()
+{
+    double load = 0;
+    getloadavg(&load, 1);
+    return load;
+}
+
 /// The works that a desk does on either engine.
 struct Part {
     const char* word;
@@ -124,15 +134,19 @@ constexpr std::array<Part, 4> parts{{{"tours", MeasureTours, true},
                                      {"lists", MeasureLists, false},
                                      {"billing", MeasureBilling, true}}};
 
+constexpr const char* explanation = R"(
+An office of 20,000 customers and 20,000 tours on each engine. "Bare" are the same statements as bare, prepared calls of
+the engine's own C API, each committed by itself as in the program, unless the remark says otherwise: new values are sent
+with each, and all values are read out of what comes back. On PostgreSQL the statements of the program are counted as its
+round trips.
+)";
+
 class Run {
 public:
     explicit Run(const Options& options) : options(options) {}
 
     void MeasureAll()
     {
-        std::array<double, 1> load{};
-        getloadavg(load.data(), 1);
-        loadBefore = load[0];
         for (const CommitsWait wait : {CommitsWait::ForTheDisk, CommitsWait::ForNothing}) {
             if (options.engine != "postgresql")
                 MeasureSqlite(wait);
@@ -143,15 +157,11 @@ public:
 
     std::string Report() const
     {
-        std::string text =
-            "# Results of the benchmarks\nWritten by `bench/run.sh`; medians of several runs after a "
-            "warm-up, a release build, both engines and both sides in one run.\nMachine: " +
-            MachineText() + ", a load of " + Shown(loadBefore, "") +
-            " before the run. An office of 20,000 customers and 20,000 tours on each engine.\n\n\"Bare\" "
-            "are the same statements as bare, prepared calls of the engine's own C API, each committed by "
-            "itself as in the program, unless\nthe remark says otherwise. New values are sent with each, "
-            "and the values are read out of what comes back. On\nPostgreSQL the statements of the "
-            "program are its round trips.\n\n";
+        std::string text = "# Results of the benchmarks\n"
+                           "Written by `bench/run.sh`; a release build, both engines and both sides in one run, "
+                           "medians of several runs after a warm-up.\nMachine: " +
+                           MachineText() + ". Its load was " + Shown(loadBefore, "") + " before the run and " +
+                           Shown(Load(), "") + " at its end.\n" + explanation + "\n";
         for (const std::string& fact : facts)
             text += "- " + fact + "\n";
         text += "\n" + TableOf(sqlite, postgres);
@@ -206,7 +216,7 @@ private:
     }
 
     Options options;
-    double loadBefore = 0;
+    double loadBefore = Load();
     std::vector<std::string> facts;
     std::vector<Result> sqlite, postgres, plain;
 };
