@@ -146,6 +146,7 @@ private:
             }
         }
         std::vector<SourceColumn> delivered;
+        delivered.reserve(columns.size());
         for (const OdbcColumn& column : columns)
             delivered.push_back({column.name, {column.kind}, nullptr, nullptr});
         return std::make_shared<ResultShape>(std::move(delivered), nullptr);

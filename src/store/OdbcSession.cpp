@@ -39,6 +39,12 @@ private:
     std::u16string units;
 };
 
+/// A number as the driver manager takes it where its interface says a pointer.
+SQLPOINTER AsPointer(std::intptr_t number)
+{
+    return reinterpret_cast<SQLPOINTER>(number); // NOLINT(performance-no-int-to-ptr)
+}
+
 struct Diagnosis {
     std::string state;
     SQLINTEGER number = 0;
@@ -197,7 +203,7 @@ OdbcHandle OpenEnvironment()
     SQLHANDLE handle = nullptr;
     if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_ENV, SQL_NULL_HANDLE, &handle)))
         throw DatabaseError("The ODBC driver manager cannot be used.");
-    SQLSetEnvAttr(handle, SQL_ATTR_ODBC_VERSION, reinterpret_cast<SQLPOINTER>(std::intptr_t{SQL_OV_ODBC3}), 0);
+    SQLSetEnvAttr(handle, SQL_ATTR_ODBC_VERSION, AsPointer(SQL_OV_ODBC3), 0);
     return {handle, Free<SQL_HANDLE_ENV>};
 }
 
@@ -213,7 +219,7 @@ OdbcHandle SignIn(SQLHANDLE environment, const OdbcText& text)
     if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_DBC, environment, &handle)))
         throw DatabaseError("The ODBC driver manager cannot be used.");
     OdbcHandle unconnected(handle, Free<SQL_HANDLE_DBC>);
-    SQLSetConnectAttr(handle, SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(std::intptr_t{loginSeconds}), 0);
+    SQLSetConnectAttr(handle, SQL_ATTR_LOGIN_TIMEOUT, AsPointer(loginSeconds), 0);
     DriverText driverText(text.ForDriver());
     SQLSMALLINT length = 0;
     if (!SQL_SUCCEEDED(SQLDriverConnectW(handle, nullptr, driverText.Data(),
@@ -237,7 +243,7 @@ OdbcBatch OdbcSession::Send(std::string_view batch)
     if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_STMT, connection.get(), &handle)))
         throw DatabaseError("The connection to the database is closed.");
     OdbcHandle statement(handle, Free<SQL_HANDLE_STMT>);
-    SQLSetStmtAttr(handle, SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(std::intptr_t{querySeconds}), 0);
+    SQLSetStmtAttr(handle, SQL_ATTR_QUERY_TIMEOUT, AsPointer(querySeconds), 0);
     DriverText sent(batch);
     ++roundTrips;
     const SQLRETURN code = SQLExecDirectW(handle, sent.Data(), sent.Length());
