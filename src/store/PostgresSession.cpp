@@ -70,6 +70,9 @@ std::string ErrorText(const PGresult* result, const std::string& state)
         return "Divide by zero error encountered.";
     if (state == "22003")
         return OverflowText(text);
+    // The one condition that a type of the program has.
+    if (state == "23514")
+        return OverflowText("numeric");
     if (state == "22008")
         return "Adding a value to a 'datetime' column caused an overflow.";
     if (state == "21000")
@@ -210,22 +213,32 @@ void PostgresSession::Forget(const std::string& name)
     for (auto place = recent.begin(); place != recent.end(); ++place) {
         if (place->name != name)
             continue;
-        byText.erase(place->text);
+        byKey.erase(place->key);
         recent.erase(place);
         return;
     }
 }
 
+/// By what a statement is remembered: its text and the types of its arguments, for the server prepares it for those.
+static std::string KeyOf(const PostgresCommand& command)
+{
+    std::string key = command.text;
+    for (const PostgresArgument& argument : command.arguments)
+        key += " " + std::to_string(static_cast<unsigned>(argument.type));
+    return key;
+}
+
 /// A statement out of those used last; the one that must go for it is taken from the server as well.
-PostgresSession::Prepared& PostgresSession::Remember(const std::string& text,
+PostgresSession::Prepared& PostgresSession::Remember(const PostgresCommand& command,
                                                      std::vector<PostgresCommand>& housekeeping)
 {
-    if (const auto found = byText.find(text); found != byText.end()) {
+    std::string key = KeyOf(command);
+    if (const auto found = byKey.find(key); found != byKey.end()) {
         recent.splice(recent.begin(), recent, found->second);
         return recent.front();
     }
-    recent.push_front({text, "rovanta_" + std::to_string(++nextName), false});
-    byText.emplace(recent.front().text, recent.begin());
+    recent.push_front({std::move(key), "rovanta_" + std::to_string(++nextName), false});
+    byKey.emplace(recent.front().key, recent.begin());
     constexpr std::size_t mostKept = 200;
     if (recent.size() > mostKept) {
         if (recent.back().known)
@@ -253,7 +266,7 @@ void PostgresSession::Send(const PostgresCommand& command, Flight& flight)
     int sent = 0;
     if (command.repeated) {
         std::vector<PostgresCommand> housekeeping;
-        Prepared& prepared = Remember(command.text, housekeeping);
+        Prepared& prepared = Remember(command, housekeeping);
         for (const PostgresCommand& other : housekeeping) {
             PQsendQueryParams(raw, other.text.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0);
             flight.answers.push_back({false, {}});

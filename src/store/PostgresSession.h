@@ -94,13 +94,13 @@ public:
 
 private:
     struct Prepared {
-        std::string text;
+        std::string key;
         std::string name;
         bool known = false;
     };
     struct Flight;
 
-    Prepared& Remember(const std::string& text, std::vector<PostgresCommand>& housekeeping);
+    Prepared& Remember(const PostgresCommand& command, std::vector<PostgresCommand>& housekeeping);
     void Forget(const std::string& name);
     PostgresError ErrorOf(const PostgresRows& answer) const;
     void Send(const PostgresCommand& command, Flight& flight);
@@ -114,7 +114,7 @@ private:
     std::uint64_t roundTrips = 0;
     std::uint64_t nextName = 0;
     std::list<Prepared> recent;
-    std::unordered_map<std::string_view, std::list<Prepared>::iterator> byText;
+    std::unordered_map<std::string_view, std::list<Prepared>::iterator> byKey;
 };
 
 }
