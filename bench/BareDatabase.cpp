@@ -29,6 +29,15 @@ EitherStatement Prepare(BarePostgres& database, const std::string& text)
 
 BareDatabase::BareDatabase(const std::string& connectionText) : engine(Open(connectionText)) {}
 
+void BareDatabase::KeepHouse()
+{
+    if (Postgres() == nullptr)
+        return;
+    Run("VACUUM ANALYZE");
+    // None falls due among what is measured.
+    Run("CHECKPOINT");
+}
+
 BareStatement::BareStatement(BareDatabase& database, const std::string& text)
     : statement(std::visit([&](auto& one) { return Prepare(one, text); }, database.engine))
 {

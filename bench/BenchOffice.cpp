@@ -118,11 +118,7 @@ BenchOffice::BenchOffice(const std::filesystem::path& parent, const std::string&
     plan.password = "word";
     plan.furnish = [](Connection& database, const Configuration&) { Furnish(database); };
     CreateOffice(plan);
-    // As a server's own housekeeping leaves the tables of an office, and no checkpoint falls due soon.
-    if (BareDatabase database(ConnectionText()); database.Postgres() != nullptr) {
-        database.Run("VACUUM ANALYZE");
-        database.Run("CHECKPOINT");
-    }
+    BareDatabase(ConnectionText()).KeepHouse();
 }
 
 std::string BenchOffice::ConnectionText() const

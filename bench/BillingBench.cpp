@@ -75,6 +75,7 @@ std::int64_t AddInvoicedTour(BareDatabase& database)
 std::vector<Result> MeasureMonthlyPass(Desk& desk, BareDatabase& database)
 {
     const std::int64_t tour = AddMonthlyTour(database);
+    database.KeepHouse();
     auto& screen = desk.app.Open<frmRentalEntry>();
     screen.LoadTour(std::to_string(tour));
     auto& dialog = desk.app.Open<frmCreateInvoices>();
@@ -126,6 +127,7 @@ std::vector<Result> MeasureMonthlyPass(Desk& desk, BareDatabase& database)
 std::vector<Result> MeasureBillingPage(Desk& desk, BareDatabase& database)
 {
     const std::int64_t tour = AddInvoicedTour(database);
+    database.KeepHouse();
     auto& screen = desk.app.Open<frmRentalEntry>();
     screen.LoadTour(std::to_string(tour));
     BareStatement invoices(database,
