@@ -17,10 +17,20 @@ static void RunScript(const std::vector<std::string>& words)
 BenchServer::BenchServer(const std::filesystem::path& parent, CommitsWait wait)
     : folder(std::filesystem::absolute(parent / ("bench-server-" + std::to_string(getpid()))).string())
 {
-    RunScript({"start", folder, wait == CommitsWait::ForTheDisk ? "durable" : ""});
+    try {
+        RunScript({"start", folder, wait == CommitsWait::ForTheDisk ? "durable" : ""});
+    } catch (...) {
+        Stop();
+        throw;
+    }
 }
 
 BenchServer::~BenchServer()
+{
+    Stop();
+}
+
+void BenchServer::Stop() noexcept
 {
     try {
         RunScript({"stop", folder});

@@ -21,6 +21,8 @@ public:
     std::string MakeDatabase(const std::string& name);
 
 private:
+    void Stop() noexcept;
+
     std::string folder;
 };
 
