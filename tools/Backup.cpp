@@ -3,6 +3,7 @@
 #include "frame/Configuration.h"
 #include "store/Connection.h"
 #include "store/DatabaseError.h"
+#include "store/PostgresText.h"
 #include "store/Recordset.h"
 #include "store/SqliteFile.h"
 #include "values/Text.h"
@@ -48,24 +49,6 @@ std::string OfficeConnection(const fs::path& folder)
 std::string ShellWord(const std::string& word)
 {
     return "'" + Replace(word, "'", "'\\''") + "'";
-}
-
-std::string WithoutPassword(const std::string& url)
-{
-    const auto from = url.find("://") + 3;
-    const auto end = std::min(url.find_first_of("/?", from), url.size());
-    const auto sign = url.rfind('@', end);
-    const auto colon = url.find(':', from);
-    std::string text = url;
-    if (sign != std::string::npos && sign >= from && colon < sign)
-        text.erase(colon, sign - colon);
-    for (auto at = text.find("password="); at != std::string::npos; at = text.find("password=", at)) {
-        const auto next = text.find('&', at);
-        text.erase(at, next == std::string::npos ? next : next + 1 - at);
-    }
-    if (text.ends_with('?') || text.ends_with('&'))
-        text.pop_back();
-    return text;
 }
 
 /// The database that an ODBC text names; the DSN may be the one that knows.
@@ -164,7 +147,7 @@ std::string ServerBackupAdvice(const std::string& connectionText, const std::str
     if (ChooseEngine(connectionText) == EngineKind::Postgres)
         return "The office lies on a PostgreSQL server. The server's own tool saves it while it is in use:\n"
                "  pg_dump --format=custom --file=" +
-               ShellWord(file) + " " + ShellWord(WithoutPassword(connectionText));
+               ShellWord(file) + " " + ShellWord(PostgresText(connectionText).WithoutPassword());
     return "The office lies on a SQL Server. The server itself saves it, to a file of its own machine, while it is in "
            "use:\n  BACKUP DATABASE " +
            SqlServerName(connectionText) + " TO DISK = N'" + Replace(file, "'", "''") + "' WITH INIT, CHECKSUM";
@@ -175,7 +158,7 @@ std::string ServerRestoreAdvice(const std::string& connectionText, const std::st
     if (ChooseEngine(connectionText) == EngineKind::Postgres)
         return "The office lies on a PostgreSQL server. When it is closed on every desk, the server's own tool puts "
                "the file back:\n  pg_restore --clean --if-exists --single-transaction --dbname=" +
-               ShellWord(WithoutPassword(connectionText)) + " " + ShellWord(file);
+               ShellWord(PostgresText(connectionText).WithoutPassword()) + " " + ShellWord(file);
     return "The office lies on a SQL Server. When it is closed on every desk, the server itself puts the file back:\n"
            "  RESTORE DATABASE " +
            SqlServerName(connectionText) + " FROM DISK = N'" + Replace(file, "'", "''") + "' WITH REPLACE";

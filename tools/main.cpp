@@ -1,4 +1,5 @@
 #include "app/OfficeMaker.h"
+#include "store/Schema.h"
 #include "tools/Backup.h"
 #include "tools/CommandLine.h"
 #include "tools/OfficeCheck.h"
@@ -53,6 +54,7 @@ static int Check(const CommandLine& line)
     const Configuration configuration = ReadConfigFile((std::filesystem::path(line.folder) / "config.txt").string());
     Connection connection;
     connection.Open(configuration.ConnectionString);
+    RequireOffice(connection);
     const std::vector<FindingGroup> groups = CheckOffice(connection, configuration);
     std::cout << FindingsText(groups);
     for (const FindingGroup& group : groups)

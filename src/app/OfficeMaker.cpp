@@ -102,13 +102,6 @@ void WriteConfigFile(const fs::path& file, const std::string& connection)
         throw RunTimeError("Cannot write " + file.string());
 }
 
-/// A connection text to a server names no file; it is told by its signs, as the reader of the configuration tells it.
-bool IsDatabaseFile(const std::string& connection)
-{
-    return connection.starts_with("sqlite:") ||
-           (connection.find('=') == std::string::npos && connection.find("://") == std::string::npos);
-}
-
 void AddUser(Connection& connection, const OfficePlan& plan)
 {
     Recordset user("SELECT TOP 1 * FROM [User]", connection);
@@ -156,7 +149,7 @@ void CreateOffice(const OfficePlan& plan)
     WriteConfigFile(draftPath, plan.connection.empty() ? databaseText : plan.connection);
     const Configuration configuration = ReadConfigFile(draftPath.string());
     std::string file;
-    if (IsDatabaseFile(configuration.ConnectionString)) {
+    if (NamesFile(configuration.ConnectionString)) {
         file = DatabaseFile(configuration.ConnectionString);
         Refuse(file, "There is a database already: ");
         for (const char* companion : {"", "-wal", "-shm", "-journal"})

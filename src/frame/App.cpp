@@ -3,6 +3,7 @@
 #include "frame/MDI.h"
 #include "frame/SecondCopyGuard.h"
 #include "frame/frmLogin.h"
+#include "store/Schema.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -43,6 +44,7 @@ void App::Start()
 void App::OpenDatabase()
 {
     AppConnection.Open(configuration.ConnectionString);
+    RequireOffice(AppConnection);
 }
 
 void App::LoadCompanyDefaults()

@@ -1,5 +1,6 @@
 #include "frame/Configuration.h"
 
+#include "store/ConnectionText.h"
 #include "values/Errors.h"
 #include "values/Text.h"
 
@@ -80,8 +81,7 @@ std::string ConnectionFrom(const std::filesystem::path& home, const std::string&
     constexpr std::string_view sqlite = "sqlite:";
     if (text.starts_with(sqlite))
         return std::string(sqlite) + FolderFrom(home, text.substr(sqlite.size()));
-    const bool server = text.find('=') != std::string::npos || text.find("://") != std::string::npos;
-    return server ? text : FolderFrom(home, text);
+    return NamesFile(text) ? FolderFrom(home, text) : text;
 }
 
 }

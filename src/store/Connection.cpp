@@ -4,10 +4,33 @@
 #include "store/DatabaseError.h"
 #include "store/Engine.h"
 #include "store/OdbcEngine.h"
+#include "store/OdbcText.h"
 #include "store/PostgresEngine.h"
+#include "store/PostgresText.h"
 #include "store/SqliteEngine.h"
 
+#include <chrono>
+#include <future>
+#include <thread>
+
 namespace rovanta {
+
+using EnginePointer = std::unique_ptr<Engine>;
+
+/// Opens a server's database, or gives it up when the time is over in which a program must have started. The libraries
+/// give up a silent server by themselves, but look up names without a limit and wait long for a first answer. So they
+/// work aside, and what takes too long is left alone there: the program ends now.
+static EnginePointer OpenInTime(EnginePointer (*open)(const std::string&), const std::string& text,
+                                const std::string& server)
+{
+    constexpr auto patience = std::chrono::milliseconds(9'800);
+    std::packaged_task<EnginePointer()> task([open, text] { return open(text); });
+    std::future<EnginePointer> opened = task.get_future();
+    std::thread(std::move(task)).detach();
+    if (opened.wait_for(patience) != std::future_status::ready)
+        throw DatabaseError("The database server '" + server + "' did not answer within 10 seconds.");
+    return opened.get();
+}
 
 Connection::Connection() = default;
 Connection::~Connection() = default;
@@ -20,10 +43,10 @@ void Connection::Open(const std::string& connectionText)
         engine = OpenSqlite(DatabaseFile(connectionText));
         break;
     case EngineKind::Postgres:
-        engine = OpenPostgres(connectionText);
+        engine = OpenInTime(OpenPostgres, connectionText, PostgresText(connectionText).Server());
         break;
     case EngineKind::SqlServer:
-        engine = OpenOdbc(connectionText);
+        engine = OpenInTime(OpenOdbc, connectionText, OdbcText(connectionText).Server());
         break;
     }
 }

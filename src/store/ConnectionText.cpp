@@ -12,29 +12,43 @@ std::string DatabaseFile(const std::string& connectionText)
     return connectionText.starts_with(sqlitePrefix) ? connectionText.substr(sqlitePrefix.size()) : connectionText;
 }
 
+/// Whether it begins as the text of a PostgreSQL server does, however it goes on.
+static bool BeginsAsPostgres(const std::string& text)
+{
+    const auto colon = text.find(':');
+    const std::string word = LowerCase(text.substr(0, colon));
+    return colon != std::string::npos && (word == "postgresql" || word == "postgres");
+}
+
+bool NamesFile(const std::string& connectionText)
+{
+    return connectionText.starts_with(sqlitePrefix) ||
+           (connectionText.find("://") == std::string::npos && connectionText.find('=') == std::string::npos &&
+            !BeginsAsPostgres(connectionText));
+}
+
 EngineKind ChooseEngine(const std::string& connectionText)
 {
     if (DatabaseFile(connectionText).empty())
         throw DatabaseError("The connection text names no database.");
-    if (connectionText.starts_with(sqlitePrefix))
+    if (NamesFile(connectionText))
         return EngineKind::Sqlite;
     const auto scheme = connectionText.find("://");
     if (scheme != std::string::npos) {
-        const std::string word = LowerCase(connectionText.substr(0, scheme));
-        if (word == "postgresql" || word == "postgres")
+        if (BeginsAsPostgres(connectionText))
             return EngineKind::Postgres;
-        throw DatabaseError("The connection text begins with '" + word +
+        throw DatabaseError("The connection text begins with '" + connectionText.substr(0, scheme) +
                             "://', which names no database that this program knows: a server is named by "
                             "'postgresql://' or by an ODBC text that begins with 'Driver=' or 'DSN='.");
     }
-    const auto sign = connectionText.find('=');
-    if (sign == std::string::npos)
-        return EngineKind::Sqlite;
+    if (BeginsAsPostgres(connectionText))
+        throw DatabaseError(
+            "The connection text of a PostgreSQL server begins with 'postgresql://', with both slashes.");
     // An ODBC text may name its driver anywhere among its words.
     const std::string text = ";" + LowerCase(connectionText);
     if (text.find(";driver=") != std::string::npos || text.find(";dsn=") != std::string::npos)
         return EngineKind::SqlServer;
-    throw DatabaseError("The connection text begins with '" + connectionText.substr(0, sign) +
+    throw DatabaseError("The connection text begins with '" + connectionText.substr(0, connectionText.find('=')) +
                         "=' and names neither 'Driver=' nor 'DSN=': an ODBC text needs one of them.");
 }
 

@@ -11,6 +11,9 @@ enum class EngineKind { Sqlite, Postgres, SqlServer };
 /// ODBC, "sqlite:" and a path, or a path alone, a file. Throws DatabaseError that tells what it is not for any other.
 EngineKind ChooseEngine(const std::string& connectionText);
 
+/// Whether the text names a file, by "sqlite:" or by a path alone, and no server.
+bool NamesFile(const std::string& connectionText);
+
 /// The file that a connection text of the embedded engine names: "sqlite:" and a path, or the path alone. A relative
 /// path counts from the current folder.
 std::string DatabaseFile(const std::string& connectionText);

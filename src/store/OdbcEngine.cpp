@@ -497,6 +497,8 @@ ConnectionPointer SignIn(SQLHANDLE environment, const OdbcText& text)
     UnconnectedPointer unconnected(handle);
     constexpr int mostLoginSeconds = 8;
     const int loginSeconds = text.Seconds(loginTimeoutKey, mostLoginSeconds);
+    if (text.Server().empty())
+        throw DatabaseError("The connection text names no server.");
     SQLSetConnectAttr(handle, SQL_ATTR_LOGIN_TIMEOUT, reinterpret_cast<SQLPOINTER>(std::intptr_t{loginSeconds}), 0);
     DriverText driverText(text.ForDriver());
     SQLSMALLINT length = 0;

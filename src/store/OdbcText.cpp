@@ -43,9 +43,13 @@ OdbcText::OdbcText(std::string_view text)
     for (std::size_t at = 0; at < text.size();) {
         const auto equals = text.find('=', at);
         if (equals == std::string_view::npos) {
-            if (!Trim(text.substr(at)).empty())
-                throw DatabaseError("The connection text has no \"=\" behind \"" + Trim(text.substr(at)) + "\".");
-            break;
+            if (Trim(text.substr(at)).empty())
+                break;
+            // What stands there is not told: it may be the end of a password.
+            throw DatabaseError("The connection text has a word without a \"=\"" +
+                                (pairs.empty() ? "."
+                                               : " behind \"" + pairs.back().first +
+                                                     "\": a value with a semicolon stands in {braces}."));
         }
         std::string key = Trim(text.substr(at, equals - at));
         at = equals + 1;
@@ -94,8 +98,10 @@ std::string OdbcText::With(std::string_view key, const std::string& value) const
 
 std::string OdbcText::Server() const
 {
-    const std::string server = Get("Server").empty() ? Get("DSN") : Get("Server");
-    return Get("Port").empty() ? server : server + ", port " + Get("Port");
+    for (const char* key : {"Server", "Servername", "Address", "Addr", "DSN"})
+        if (const std::string server = Get(key); !server.empty())
+            return Get("Port").empty() ? server : server + ", port " + Get("Port");
+    return {};
 }
 
 }

@@ -22,7 +22,7 @@ public:
     std::string ForDriver() const;
     /// The whole text with another value under that key.
     std::string With(std::string_view key, const std::string& value) const;
-    /// The server as the text names it, with its port.
+    /// The server as the text names it, with its port; empty where it names none.
     std::string Server() const;
 
 private:

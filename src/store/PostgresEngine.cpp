@@ -3,6 +3,7 @@
 #include "store/DatabaseError.h"
 #include "store/PostgresDialect.h"
 #include "store/PostgresSession.h"
+#include "store/PostgresText.h"
 #include "store/PostgresValues.h"
 #include "store/Schema.h"
 #include "store/TranslatingEngine.h"
@@ -338,11 +339,7 @@ void DropPostgresDatabase(const std::string& connectionText, const std::string& 
 
 std::string WithPostgresDatabase(const std::string& connectionText, const std::string& name)
 {
-    const auto server = connectionText.find("://");
-    const auto from = server == std::string::npos ? connectionText.size() : connectionText.find('/', server + 3);
-    const auto options = connectionText.find('?', server == std::string::npos ? 0 : server + 3);
-    const std::string tail = options == std::string::npos ? "" : connectionText.substr(options);
-    return connectionText.substr(0, std::min(from, options)) + "/" + name + tail;
+    return PostgresText(connectionText).WithDatabase(name);
 }
 
 }

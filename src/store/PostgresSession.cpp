@@ -1,5 +1,6 @@
 #include "store/PostgresSession.h"
 
+#include "store/PostgresText.h"
 #include "values/Text.h"
 
 #include <libpq-fe.h>
@@ -109,10 +110,12 @@ std::string ParameterOf(PGconn* connection, const char* keyword)
     return found;
 }
 
-void CheckText(const std::string& text)
+/// Has the text read once without its password, for what the library cannot read it quotes.
+void CheckText(const PostgresText& text)
 {
+    text.Check();
     char* failure = nullptr;
-    PQconninfoOption* options = PQconninfoParse(text.c_str(), &failure);
+    PQconninfoOption* options = PQconninfoParse(text.WithoutPassword().c_str(), &failure);
     const std::string told = OneLine(failure);
     PQconninfoFree(options);
     PQfreemem(failure);
@@ -163,12 +166,14 @@ struct PostgresSession::Flight {
 
 PostgresSession::PostgresSession(const std::string& connectionText)
 {
-    CheckText(connectionText);
+    const PostgresText text(connectionText);
+    CheckText(text);
+    const std::string whole = text.Whole();
     constexpr auto patience = std::chrono::milliseconds(9'500);
     const auto end = Clock::now() + patience;
     const std::array<const char*, 6> names{"dbname",          "client_encoding",  "application_name",
                                            "keepalives_idle", "tcp_user_timeout", nullptr};
-    const std::array<const char*, 6> values{connectionText.c_str(), "UTF8", "Rovanta", "60", "60000", nullptr};
+    const std::array<const char*, 6> values{whole.c_str(), "UTF8", "Rovanta", "60", "60000", nullptr};
     PGconn* opened = PQconnectStartParams(names.data(), values.data(), 1);
     if (opened == nullptr)
         throw DatabaseError("There is no memory left for a connection.");

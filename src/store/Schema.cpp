@@ -1,6 +1,7 @@
 #include "store/Schema.h"
 
 #include "store/Connection.h"
+#include "store/DatabaseError.h"
 #include "store/Engine.h"
 #include "store/Lexer.h"
 #include "store/SqliteFile.h"
@@ -31,6 +32,13 @@ void CreateSchema(Connection& connection)
         throw;
     }
     engine.Execute("COMMIT TRANSACTION");
+}
+
+void RequireOffice(Connection& connection)
+{
+    for (const char* table : {"Company", "User"})
+        if (connection.GetEngine().Tables().Find(table) == nullptr)
+            throw DatabaseError(std::string("The database holds no office: it has no table ") + table + ".");
 }
 
 void CreateDatabaseFile(const std::string& connectionText)

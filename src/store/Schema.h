@@ -23,6 +23,9 @@ void AddSchema(Connection& connection);
 /// Makes the whole schema in the connected database, all of it or, when a statement fails, nothing.
 void CreateSchema(Connection& connection);
 
+/// Throws DatabaseError when the connected database is none of an office.
+void RequireOffice(Connection& connection);
+
 /// Makes an empty embedded database for that connection text, to be opened and given its schema. Throws DatabaseError
 /// when the file exists already.
 void CreateDatabaseFile(const std::string& connectionText);

@@ -98,25 +98,26 @@ std::string AsItWasRead(const ColumnValue& read)
     return name + " = " + SqlServerLiteral(*read.value, read.column->type.kind);
 }
 
-/// " TOP (1)" and the condition by which a row is found again.
+/// What stands before the change of a row, how the change calls the table, and what stands behind.
 struct RowPlace {
-    std::string top;
-    std::string condition;
+    std::string head;
+    std::string table;
+    std::string tail;
 };
 
 RowPlace PlaceOf(const TableInfo& table, std::int64_t rowKey, const std::vector<ColumnValue>& read)
 {
-    RowPlace place;
     const ColumnInfo* identity = table.Identity();
     if (identity != nullptr ? rowKey == noRowNumber : read.empty())
         throw DatabaseError("Insufficient key column information for updating or refreshing.");
-    if (identity != nullptr)
-        place.condition = SqlServerName(identity->name) + " = " + std::to_string(rowKey);
-    else
-        place.top = " TOP (1)";
+    const std::string name = SqlServerName(table.name);
+    std::string condition =
+        identity == nullptr ? std::string{} : SqlServerName(identity->name) + " = " + std::to_string(rowKey);
     for (const ColumnValue& value : read)
-        place.condition += (place.condition.empty() ? "" : " AND ") + AsItWasRead(value);
-    return place;
+        condition += (condition.empty() ? "" : " AND ") + AsItWasRead(value);
+    if (identity != nullptr)
+        return {"", name, " WHERE " + condition};
+    return {"WITH FoundRow AS (SELECT TOP 1 * FROM " + name + " WHERE " + condition + ") ", "FoundRow", ""};
 }
 
 }
@@ -178,13 +179,13 @@ std::string SqlServerUpdate(const TableInfo& table, std::int64_t rowKey, const s
     for (const ColumnValue& change : changes)
         assignments += (assignments.empty() ? "" : ", ") + SqlServerName(change.column->name) + " = " +
                        SqlServerLiteral(*change.value, change.column->type.kind);
-    return "UPDATE" + place.top + " " + SqlServerName(table.name) + " SET " + assignments + " WHERE " + place.condition;
+    return place.head + "UPDATE " + place.table + " SET " + assignments + place.tail;
 }
 
 std::string SqlServerDelete(const TableInfo& table, std::int64_t rowKey, const std::vector<ColumnValue>& read)
 {
     const RowPlace place = PlaceOf(table, rowKey, read);
-    return "DELETE" + place.top + " FROM " + SqlServerName(table.name) + " WHERE " + place.condition;
+    return place.head + "DELETE FROM " + place.table + place.tail;
 }
 
 }

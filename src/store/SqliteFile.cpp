@@ -2,7 +2,12 @@
 
 #include "store/SqliteSession.h"
 
+#include <cerrno>
 #include <filesystem>
+#include <system_error>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace rovanta {
 
@@ -18,10 +23,18 @@ static void RefuseWhatExists(const std::string& path)
 void RefuseWhatIsNoFile(const std::string& path)
 {
     std::error_code unknown;
-    if (!std::filesystem::exists(path, unknown))
+    const std::filesystem::file_status status = std::filesystem::status(path, unknown);
+    if (status.type() == std::filesystem::file_type::not_found)
         throw DatabaseError("The database file '" + path + "' does not exist.");
-    if (std::filesystem::is_directory(path, unknown))
+    if (status.type() == std::filesystem::file_type::none)
+        throw DatabaseError("The database file '" + path + "' cannot be opened: " + unknown.message());
+    if (std::filesystem::is_directory(status))
         throw DatabaseError("'" + path + "' is a folder and no database file.");
+    if (!std::filesystem::is_regular_file(status))
+        throw DatabaseError("'" + path + "' is no database file.");
+    if (faccessat(AT_FDCWD, path.c_str(), R_OK | W_OK, AT_EACCESS) != 0)
+        throw DatabaseError("The database file '" + path +
+                            "' cannot be written: " + std::generic_category().message(errno));
 }
 
 void CreateSqliteFile(const std::string& path)

@@ -352,7 +352,8 @@ def main():
     print(figures)
     if options.results:
         with open(options.results, "w", encoding="utf-8") as file:
-            file.write("# Many desks on one PostgreSQL server\n" + figures)
+            kind = "PostgreSQL server" if load.office.on_postgres else "server by ODBC"
+            file.write(f"# Many desks on one {kind}\n" + figures)
     return 0
 
 

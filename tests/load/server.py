@@ -45,11 +45,13 @@ class Server:
 
 
 class Office:
-    """An office with the rows of fixtures/small.sql, its database on the server that the text names."""
+    """An office with the rows of fixtures/small.sql, its database on the server that the text names: a PostgreSQL
+    server, or one by ODBC that goes with the test."""
 
     def __init__(self, program, server_text):
         self.top = tempfile.mkdtemp(prefix="rovanta-office-")
         self.server_text = server_text
+        self.on_postgres = server_text.startswith("postgresql:")
         os.symlink(os.path.join(TESTS, "fixtures"), os.path.join(self.top, "fixtures"))
         story = os.path.join(self.top, "office.test")
         with open(story, "w", encoding="utf-8") as file:
@@ -74,7 +76,11 @@ class Office:
         return path
 
     def close(self):
+        if self.on_postgres:
+            self.drop()
+        shutil.rmtree(self.top, ignore_errors=True)
+
+    def drop(self):
         host = urllib.parse.parse_qs(urllib.parse.urlsplit(self.server_text).query)["host"][0]
         subprocess.run(["psql", "-X", "-q", "-h", host, "-U", "app", "-d", "postgres", "-c",
                         f'DROP DATABASE IF EXISTS "{self.database}" WITH (FORCE)'], check=False, timeout=60)
-        shutil.rmtree(self.top, ignore_errors=True)

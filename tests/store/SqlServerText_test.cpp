@@ -72,8 +72,10 @@ TEST_CASE("A row without a number is one of those that stand as it was read, to 
     const std::vector<ColumnValue> changes{{&company.columns[0], &rate}};
     CHECK(SqlServerInsert(company, {}) == "INSERT INTO [Company] DEFAULT VALUES");
     CHECK(SqlServerUpdate(company, noRowNumber, changes, {{&company.columns[1], &since}}) ==
-          "UPDATE TOP (1) [Company] SET [TaxRate] = 0.5E0 WHERE [Since] >= '3/2/2026 11:59:59 PM' AND [Since] < "
-          "'3/3/2026'");
+          "WITH FoundRow AS (SELECT TOP 1 * FROM [Company] WHERE [Since] >= '3/2/2026 11:59:59 PM' AND [Since] < "
+          "'3/3/2026') UPDATE FoundRow SET [TaxRate] = 0.5E0");
+    CHECK(SqlServerDelete(company, noRowNumber, {{&company.columns[0], &rate}}) ==
+          "WITH FoundRow AS (SELECT TOP 1 * FROM [Company] WHERE [TaxRate] = 0.5E0) DELETE FROM FoundRow");
     CHECK_THROWS_AS(SqlServerDelete(company, noRowNumber, {}), DatabaseError);
 }
 

@@ -44,6 +44,46 @@ TEST_CASE("A file that is no database is named")
                          DatabaseError);
 }
 
+/// Does the work as somebody whom the rights of files bind, which they do not bind root.
+template <class Work>
+static void AsOrdinaryUser(Work work)
+{
+    constexpr uid_t nobody = 65534;
+    const uid_t self = geteuid();
+    REQUIRE((self != 0 || seteuid(nobody) == 0));
+    work();
+    REQUIRE((self != 0 || seteuid(self) == 0));
+}
+
+TEST_CASE("A database file that may not be written, entered or read is named")
+{
+    TestOffice office;
+    office.connection.Close();
+    const std::string file = office.File();
+    const std::filesystem::path folder = std::filesystem::path(file).parent_path();
+    const auto refusal = [&] {
+        std::string said;
+        AsOrdinaryUser([&] {
+            try {
+                office.connection.Open(file);
+            } catch (const DatabaseError& error) {
+                said = error.what();
+            }
+        });
+        return said;
+    };
+    std::filesystem::permissions(folder, std::filesystem::perms(0555));
+    std::filesystem::permissions(file, std::filesystem::perms(0444));
+    CHECK(refusal() == "The database file '" + file + "' cannot be written: Permission denied");
+    std::filesystem::permissions(file, std::filesystem::perms(0));
+    CHECK(refusal() == "The database file '" + file + "' cannot be written: Permission denied");
+    std::filesystem::permissions(folder, std::filesystem::perms(0));
+    CHECK(refusal() == "The database file '" + file + "' cannot be opened: Permission denied");
+    std::filesystem::permissions(folder, std::filesystem::perms(0755));
+    std::filesystem::permissions(file, std::filesystem::perms(0644));
+    CHECK_NOTHROW(office.connection.Open(file));
+}
+
 TEST_CASE("A database with another version of the schema is refused, both versions named")
 {
     TestOffice office;

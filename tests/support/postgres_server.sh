@@ -4,8 +4,9 @@
 # Usage: postgres_server.sh start FOLDER | stop FOLDER | kill FOLDER | resume FOLDER
 #
 # "kill" ends the server in the middle of whatever it does and leaves its files, "resume" brings it back on them.
-# The user is "app" without a password; the socket lies in FOLDER. Nothing here is meant to outlive a power failure, so
-# the server does without waiting for the disk.
+# The user is "app" without a password; "keyed" needs one, and so does "stranger", whom the server does not know. The
+# socket lies in FOLDER. Nothing here is meant to outlive a power failure, so the server does without waiting for the
+# disk.
 set -euo pipefail
 
 programs=/usr/lib/postgresql/15/bin
@@ -44,14 +45,16 @@ start() {
     cd "$1"
     as_server "$programs/initdb" -D "$1/data" -U app -A trust -E UTF8 --locale=C.UTF-8 --no-sync >"$1/initdb.log" 2>&1 ||
         { cat "$1/initdb.log" >&2 && exit 1; }
+    printf 'local all keyed,stranger scram-sha-256\nlocal all all trust\n' >"$1/data/pg_hba.conf"
     resume "$1"
+    psql -X -q -h "$1" -U app -d postgres -c "CREATE ROLE keyed LOGIN PASSWORD 'open: sesame/1@'"
 }
 
 case ${1:-} in
 start | stop | resume) "$1" "${2:?the folder is missing}" ;;
 kill) kill_server "${2:?the folder is missing}" ;;
 *)
-    sed -n '2,9s/^# \{0,1\}//p' "$0" >&2
+    sed -n '2,11s/^# \{0,1\}//p' "$0" >&2
     exit 2
     ;;
 esac

@@ -36,48 +36,61 @@ RowSet MadeRows(const std::vector<std::pair<const char*, TypeKind>>& columns, st
     return {std::make_shared<ResultShape>(std::move(sources), nullptr), std::move(cells), {}, rowCount};
 }
 
+bool Is(const TokenList& list, std::size_t token, std::string_view word)
+{
+    return token < list.tokens.size() && EqualNoCase(list.tokens[token].text, word);
+}
+
+/// Where a token stands in the text that it was read from.
+std::size_t PlaceOf(const Token& token, const std::string& text)
+{
+    const auto start = static_cast<std::size_t>(token.text.data() - text.data());
+    return token.kind == TokenKind::Bracketed ? start - 1 : start;
+}
+
 /// An UPDATE or DELETE, cut where the count of its rows needs it.
 struct ChangeText {
-    bool one = false;
     std::string table;
     /// From WHERE on; empty where there is none.
     std::string condition;
-    /// The statement without its TOP (1).
-    std::string plain;
 };
 
 ChangeText Cut(const std::string& change)
 {
     const TokenList list = ReadTokens(change);
-    const auto offset = [&](std::size_t token) {
-        const Token& at = list.tokens[token];
-        const auto start = static_cast<std::size_t>(at.text.data() - change.data());
-        return at.kind == TokenKind::Bracketed ? start - 1 : start;
-    };
-    const auto is = [&](std::size_t token, std::string_view word) {
-        return token < list.tokens.size() && EqualNoCase(list.tokens[token].text, word);
-    };
-    ChangeText cut;
-    cut.one = is(1, "TOP");
-    std::size_t at = cut.one ? 5 : 1;
-    cut.plain = cut.one ? change.substr(0, 6) + " " + change.substr(offset(at)) : change;
-    at += is(at, "FROM") ? 1 : 0;
-    const std::size_t start = offset(at);
+    std::size_t at = Is(list, 1, "FROM") ? 2 : 1;
+    const std::size_t start = PlaceOf(list.tokens[at], change);
     std::size_t end = change.size();
     std::size_t where = change.size();
     int depth = 0;
     for (; at + 1 < list.tokens.size(); ++at) {
-        depth += is(at, "(") ? 1 : is(at, ")") ? -1 : 0;
+        depth += Is(list, at, "(") ? 1 : Is(list, at, ")") ? -1 : 0;
         if (depth > 0 || list.tokens[at].kind != TokenKind::Word)
             continue;
-        if (is(at, "SET") && end == change.size())
-            end = offset(at);
-        if (is(at, "WHERE"))
-            where = offset(at);
+        if (Is(list, at, "SET") && end == change.size())
+            end = PlaceOf(list.tokens[at], change);
+        if (Is(list, at, "WHERE"))
+            where = PlaceOf(list.tokens[at], change);
     }
-    cut.table = change.substr(start, std::min(end, where) - start);
-    cut.condition = change.substr(where);
-    return cut;
+    return {change.substr(start, std::min(end, where) - start), change.substr(where)};
+}
+
+/// "WITH name AS (SELECT ...) UPDATE name SET ...": the SELECT that finds the one row, and what happens to it.
+struct OneRowChange {
+    std::string select;
+    std::string change;
+};
+
+OneRowChange CutOneRow(const std::string& text)
+{
+    const TokenList list = ReadTokens(text);
+    constexpr std::size_t first = 4;
+    std::size_t at = first;
+    for (int depth = 1; depth > 0 && at + 1 < list.tokens.size(); ++at)
+        depth += Is(list, at, "(") ? 1 : Is(list, at, ")") ? -1 : 0;
+    const std::size_t start = PlaceOf(list.tokens.at(first), text);
+    const std::size_t bracket = PlaceOf(list.tokens.at(at - 1), text);
+    return {text.substr(start, bracket - start), text.substr(bracket + 1)};
 }
 
 Value LiteralIn(const ParsedStatement& parsed, const Expression& expression, const SqlType& type)
@@ -85,7 +98,7 @@ Value LiteralIn(const ParsedStatement& parsed, const Expression& expression, con
     if (expression.kind == ExpressionKind::Null)
         return {};
     if (expression.kind != ExpressionKind::Literal)
-        throw DatabaseError("UPDATE TOP takes plain values alone.");
+        throw DatabaseError("The change of one row takes plain values alone.");
     const Value value = LiteralAsValue(parsed.literals[expression.literal], expression.negative);
     return Convert(value, KindOf(value), type);
 }
@@ -177,6 +190,8 @@ BatchRunner::Outcome BatchRunner::RunOne(const std::string& statement, const std
         return {MadeRows({{"NewNumber", TypeKind::BigInt}}, {newNumber}), -1};
     if (StartsWithNoCase(statement, "SELECT") || statement.starts_with('('))
         return Select(statement);
+    if (StartsWithNoCase(statement, "WITH"))
+        return {std::nullopt, ChangeOne(statement)};
     if (StartsWithNoCase(statement, "UPDATE") || StartsWithNoCase(statement, "DELETE"))
         return Change(statement);
     if (StartsWithNoCase(statement, "INSERT") &&
@@ -268,35 +283,36 @@ BatchRunner::Outcome BatchRunner::Change(const std::string& change)
     Together together(connection, inTransaction);
     Outcome outcome;
     const ChangeText cut = Cut(change);
-    if (cut.one) {
-        outcome.rowsChanged = ChangeOne(cut.plain, cut.table, cut.condition);
-    } else {
-        std::optional<RowSet> count;
-        try {
-            count = connection.GetEngine().Query("SELECT COUNT(*) AS Found FROM " + cut.table + cut.condition);
-        } catch (const DatabaseError&) {
-            outcome.rowsChanged = -1;
-        }
-        connection.Execute(Statement::Verbatim(change));
-        if (count)
-            outcome.rowsChanged = std::get<std::int64_t>(count->cells.at(0).Get());
+    std::optional<RowSet> count;
+    try {
+        count = connection.GetEngine().Query("SELECT COUNT(*) AS Found FROM " + cut.table + cut.condition);
+    } catch (const DatabaseError&) {
+        outcome.rowsChanged = -1;
     }
+    connection.Execute(Statement::Verbatim(change));
+    if (count)
+        outcome.rowsChanged = std::get<std::int64_t>(count->cells.at(0).Get());
     together.Keep();
     return outcome;
 }
 
-/// Changes or deletes the first of the rows that the condition finds.
-std::int64_t BatchRunner::ChangeOne(const std::string& change, const std::string& table, const std::string& condition)
+/// Changes or deletes the row that the SELECT within the statement finds.
+std::int64_t BatchRunner::ChangeOne(const std::string& statement)
 {
+    const OneRowChange cut = CutOneRow(statement);
     Engine& engine = connection.GetEngine();
-    const RowSet found = engine.Query("SELECT TOP 1 * FROM " + table + " " + condition);
+    Together together(connection, inTransaction);
+    const RowSet found = engine.Query(cut.select);
     if (found.rowCount == 0)
         return 0;
     const TableInfo& target = *found.shape->Updatable();
-    const ParsedStatement parsed = ParseStatement(ReadTokens(change));
+    const ParsedStatement parsed = ParseStatement(ReadTokens(cut.change));
     const auto* update = std::get_if<UpdateStatement>(&parsed.tree);
-    if (update == nullptr)
-        return engine.Delete(target, found.rowKeys[0], {}) ? 1 : 0;
+    if (update == nullptr) {
+        engine.Delete(target, found.rowKeys[0], {});
+        together.Keep();
+        return 1;
+    }
     std::vector<Value> values;
     std::vector<const ColumnInfo*> columns;
     for (const Assignment& assignment : update->assignments) {
@@ -307,7 +323,9 @@ std::int64_t BatchRunner::ChangeOne(const std::string& change, const std::string
     for (std::size_t i = 0; i < values.size(); ++i)
         changes.push_back({columns[i], &values[i]});
     std::int64_t key = found.rowKeys[0];
-    return engine.Update(target, key, changes, {}) ? 1 : 0;
+    engine.Update(target, key, changes, {});
+    together.Keep();
+    return 1;
 }
 
 RowSet BatchRunner::CatalogueRows()

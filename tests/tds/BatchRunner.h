@@ -33,7 +33,7 @@ private:
     Outcome Select(const std::string& select);
     Outcome Insert(const std::string& insert);
     Outcome Change(const std::string& change);
-    std::int64_t ChangeOne(const std::string& change, const std::string& table, const std::string& condition);
+    std::int64_t ChangeOne(const std::string& statement);
     RowSet CatalogueRows();
     RowSet VersionRows() const;
     std::filesystem::path VersionFile() const;

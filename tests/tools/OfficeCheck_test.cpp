@@ -1,8 +1,12 @@
 #include "tools/OfficeCheck.h"
 
 #include "support/TestApp.h"
+#include "support/TestServer.h"
+#include "tools/OfficeCopy.h"
 
 #include <doctest/doctest.h>
+
+#include <optional>
 
 using namespace rovanta;
 using rovanta::tests::TestOffice;
@@ -15,6 +19,10 @@ class SoundOffice {
 public:
     SoundOffice() : configuration(ReadConfigFile(office.ConfigPath()))
     {
+        if (TestServer()) {
+            database.emplace(OnServer(configuration.ConnectionString));
+            configuration.ConnectionString = database->Text();
+        }
         connection.Open(configuration.ConnectionString);
         Execute("INSERT INTO Customer (Name) VALUES ('Blue Hollow')");
         Execute("INSERT INTO Tour (CustomerID,TourName) VALUES (1,'Spring')");
@@ -35,7 +43,18 @@ public:
 
     TestOffice office;
     Configuration configuration;
+    std::optional<TestDatabase> database;
     Connection connection;
+
+private:
+    /// The database on the suite's server that each office is a copy of.
+    static const std::string& OnServer(const std::string& file)
+    {
+        static const TestDatabase made("");
+        static const CopyReport copied = CopyOffice(file, made.Text());
+        (void)copied;
+        return made.Name();
+    }
 };
 
 /// What the check prints of one single finding.

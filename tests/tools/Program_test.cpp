@@ -1,45 +1,21 @@
 #include "store/Connection.h"
 #include "support/TestApp.h"
+#include "tools/Run.h"
 
 #include <doctest/doctest.h>
 
-#include <array>
-#include <cstdio>
-#include <sys/wait.h>
-
+using rovanta::tests::RunTool;
 using rovanta::tests::TestFolder;
-
-namespace {
-
-struct Outcome {
-    int code = 0;
-    std::string output; ///< both streams
-};
-
-/// Runs the program with nobody at its standard input.
-Outcome Run(const std::string& arguments)
-{
-    const std::string command = std::string(BINARY_FOLDER) + "/bin/rovanta-db " + arguments + " 2>&1 </dev/null";
-    Outcome outcome;
-    std::FILE* pipe = popen(command.c_str(), "r");
-    REQUIRE(pipe != nullptr);
-    std::array<char, 512> buffer{};
-    while (std::fgets(buffer.data(), buffer.size(), pipe) != nullptr)
-        outcome.output += buffer.data();
-    outcome.code = WEXITSTATUS(pclose(pipe));
-    return outcome;
-}
-
-}
+using rovanta::tests::ToolOutcome;
 
 TEST_CASE("the program makes an office and refuses to make it twice")
 {
     const TestFolder test;
     const std::string folder = test.File("office");
-    const Outcome made = Run("create " + folder + " --user dana --password word");
+    const ToolOutcome made = RunTool("create " + folder + " --user dana --password word");
     CHECK(made.code == 0);
     CHECK(made.output == "Made an empty office in " + folder + ". Its first user is dana.\n");
-    const Outcome again = Run("create " + folder + " --user dana --password word");
+    const ToolOutcome again = RunTool("create " + folder + " --user dana --password word");
     CHECK(again.code == 1);
     CHECK(again.output == "rovanta-db: There is an office already: " + folder + "/config.txt\n");
 }
@@ -47,7 +23,7 @@ TEST_CASE("the program makes an office and refuses to make it twice")
 TEST_CASE("without a terminal the program does not wait for a password")
 {
     const TestFolder test;
-    const Outcome refused = Run("create " + test.File("office"));
+    const ToolOutcome refused = RunTool("create " + test.File("office"));
     CHECK(refused.code == 2);
     CHECK(refused.output.starts_with("rovanta-db: There is no terminal to ask for the password of admin"));
     CHECK_FALSE(std::filesystem::exists(test.File("office")));
@@ -55,9 +31,9 @@ TEST_CASE("without a terminal the program does not wait for a password")
 
 TEST_CASE("the exit code tells a wrong command line from a failure")
 {
-    CHECK(Run("--help").code == 0);
-    CHECK(Run("").code == 2);
-    CHECK(Run("create /dev/null/office --password word").code == 1);
+    CHECK(RunTool("--help").code == 0);
+    CHECK(RunTool("").code == 2);
+    CHECK(RunTool("create /dev/null/office --password word").code == 1);
 }
 
 TEST_CASE("the program checks, copies, saves and restores an office")
@@ -65,39 +41,39 @@ TEST_CASE("the program checks, copies, saves and restores an office")
     const TestFolder test;
     const std::string folder = test.File("office");
     const std::string database = folder + "/rovanta.db";
-    REQUIRE(Run("create " + folder + " --user dana --password word").code == 0);
-    const Outcome clean = Run("check " + folder);
+    REQUIRE(RunTool("create " + folder + " --user dana --password word").code == 0);
+    const ToolOutcome clean = RunTool("check " + folder);
     CHECK(clean.code == 0);
     CHECK(clean.output == "Nothing found.\n");
 
-    const Outcome copied = Run("copy --from " + database + " --to " + test.File("copy.db"));
+    const ToolOutcome copied = RunTool("copy --from " + database + " --to " + test.File("copy.db"));
     CHECK(copied.code == 0);
     CHECK(copied.output.find("\nUser: 1\n") != std::string::npos);
     CHECK(copied.output.ends_with("tables; counts and sums agree on both sides.\n"));
-    CHECK(Run("copy --from " + database + " --to " + test.File("copy.db")).code == 1);
+    CHECK(RunTool("copy --from " + database + " --to " + test.File("copy.db")).code == 1);
 
-    const Outcome saved = Run("backup " + folder + " --to " + test.File("saved.db"));
+    const ToolOutcome saved = RunTool("backup " + folder + " --to " + test.File("saved.db"));
     CHECK(saved.code == 0);
     CHECK(saved.output.starts_with("Saved the database of " + folder + " in " + test.File("saved.db") + ", "));
-    const Outcome restored = Run("restore " + folder + " --from " + test.File("saved.db"));
+    const ToolOutcome restored = RunTool("restore " + folder + " --from " + test.File("saved.db"));
     CHECK(restored.code == 0);
     CHECK(restored.output.ends_with("\nThe one before is kept in " + database + ".replaced\n"));
-    CHECK(Run("restore " + folder + " --from " + test.File("nowhere.db")).code == 1);
+    CHECK(RunTool("restore " + folder + " --from " + test.File("nowhere.db")).code == 1);
 }
 
 TEST_CASE("a check that finds something ends with 1")
 {
     const TestFolder test;
     const std::string folder = test.File("office");
-    REQUIRE(Run("create " + folder + " --user dana --password word").code == 0);
+    REQUIRE(RunTool("create " + folder + " --user dana --password word").code == 0);
     {
         rovanta::Connection connection;
         connection.Open(folder + "/rovanta.db");
         connection.Execute("INSERT INTO TourItems (ID,TourID) VALUES (1,7)");
     }
-    const Outcome found = Run("check " + folder);
+    const ToolOutcome found = RunTool("check " + folder);
     CHECK(found.code == 1);
     CHECK(found.output.starts_with("Tour lines without a tour: 1\n  tour 7, line 1: "));
-    CHECK(Run("check " + test.File("nowhere")).code == 1);
-    CHECK(Run("check").code == 2);
+    CHECK(RunTool("check " + test.File("nowhere")).code == 1);
+    CHECK(RunTool("check").code == 2);
 }
