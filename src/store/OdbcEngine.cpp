@@ -289,6 +289,17 @@ public:
         return RowsChanged(SqlServerDelete(table, rowKey, read)) > 0;
     }
 
+    void BeginSnapshot() override { RunOwn(sqlServerSnapshot); }
+
+    std::int64_t LastNumber(const TableInfo& table) override
+    {
+        const StatementPointer sent = Send(SqlServerLastNumber(table));
+        double last = 0;
+        for (const Value& number : ReadCells(sent.get(), Describe(sent.get())))
+            last = std::max(last, number.IsNull() ? 0 : number.Number());
+        return static_cast<std::int64_t>(last);
+    }
+
     Catalogue& Tables() override
     {
         if (catalogueStale)
