@@ -4,6 +4,7 @@
 #include "store/DatabaseError.h"
 #include "store/Recordset.h"
 #include "store/Schema.h"
+#include "store/Transaction.h"
 #include "values/Errors.h"
 #include "values/Text.h"
 
@@ -121,14 +122,14 @@ void FillDatabase(const OfficePlan& plan, const Configuration& configuration)
     Connection connection;
     connection.Open(configuration.ConnectionString);
     // On a server as well nothing stays of an office that fails midway: the connection takes all of it back.
-    connection.Execute("BEGIN TRANSACTION");
+    Transaction transaction(connection);
     AddSchema(connection);
     for (const std::string& statement : ScriptStatements(LookupScript()))
         connection.Execute(Statement::Verbatim(statement));
     AddUser(connection, plan);
     if (plan.furnish)
         plan.furnish(connection, configuration);
-    connection.Execute("COMMIT TRANSACTION");
+    transaction.Commit();
 }
 
 }
