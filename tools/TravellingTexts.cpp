@@ -19,14 +19,14 @@ const std::vector<TravellingTexts>& AllTravellingTexts()
     static const std::vector<TravellingTexts> all = {
         // The name: the renamed jobs, the accounting link, the statements, the web rights. The rest: the contacts of a
         // tour, which are filled from those of its customer.
-        {"Customer",
-         "ID",
-         nullptr,
-         {"Name", "Contact1", "Phone1", "Fax1", "Email1", "Contact2", "Phone2", "Fax2", "Email2",
-            "Name3", "Contact3", "Address3", "City3", "State3", "Zip3", "Phone3", "Cell3", "Fax3", "Email3", "Website3",
-            "Name4", "Contact4", "Address4", "City4", "State4", "Zip4", "Phone4", "Cell4", "Fax4", "Email4", "Website4",
-            "Name5", "Contact5", "Address5", "City5", "State5", "Zip5", "Phone5", "Cell5", "Fax5", "Email5", "Website5",
-            "Name6", "Contact6", "Address6", "City6", "State6", "Zip6", "Phone6", "Cell6", "Fax6", "Email6", "Website6"}},
+        {"Customer", "ID", nullptr, {"Name",     "Contact1", "Phone1",   "Fax1",     "Email1",   "Contact2", "Phone2",
+                                     "Fax2",     "Email2",   "Name3",    "Contact3", "Address3", "City3",    "State3",
+                                     "Zip3",     "Phone3",   "Cell3",    "Fax3",     "Email3",   "Website3", "Name4",
+                                     "Contact4", "Address4", "City4",    "State4",   "Zip4",     "Phone4",   "Cell4",
+                                     "Fax4",     "Email4",   "Website4", "Name5",    "Contact5", "Address5", "City5",
+                                     "State5",   "Zip5",     "Phone5",   "Cell5",    "Fax5",     "Email5",   "Website5",
+                                     "Name6",    "Contact6", "Address6", "City6",    "State6",   "Zip6",     "Phone6",
+                                     "Cell6",    "Fax6",     "Email6",   "Website6"}},
         {"WebUserCustomers", "UserID", nullptr, {"CustomerName"}},
         // The name: the renamed jobs and the accounting link. The address: noted when the mail at a tour's end is sent.
         {"Tour", "ID", nullptr, {"TourName", "Email1"}},

@@ -3,15 +3,15 @@
 #include "store/Schema.h"
 #include "support/TestApp.h"
 #include "support/TestServer.h"
+#include "tools/BusyDesk.h"
 
 #include <doctest/doctest.h>
 
 #include <algorithm>
-#include <csignal>
 #include <cstdlib>
-#include <sys/wait.h>
 
 using namespace rovanta;
+using rovanta::tests::BusyDesk;
 using rovanta::tests::ContentOf;
 using rovanta::tests::TestFolder;
 using rovanta::tests::TestOffice;
@@ -57,42 +57,6 @@ std::vector<std::string> Names(const fs::path& folder, const std::string& beginn
     std::sort(names.begin(), names.end());
     return names;
 }
-
-/// Another process that books two tours in each transaction until it is ended.
-class BusyDesk {
-public:
-    explicit BusyDesk(const std::string& file) : process(fork())
-    {
-        if (process == 0)
-            Work(file);
-    }
-    ~BusyDesk()
-    {
-        kill(process, SIGKILL);
-        waitpid(process, nullptr, 0);
-    }
-    BusyDesk(const BusyDesk&) = delete;
-    BusyDesk& operator=(const BusyDesk&) = delete;
-
-private:
-    [[noreturn]] static void Work(const std::string& file)
-    {
-        try {
-            Connection connection;
-            connection.Open(file);
-            while (true) {
-                connection.Execute("BEGIN TRANSACTION");
-                connection.Execute("INSERT INTO Tour (TourName) VALUES ('Left')");
-                connection.Execute("INSERT INTO Tour (TourName) VALUES ('Right')");
-                connection.Execute("COMMIT TRANSACTION");
-            }
-        } catch (const std::exception&) {
-            _exit(1);
-        }
-    }
-
-    pid_t process;
-};
 
 class Office : public TestOffice {
 public:
