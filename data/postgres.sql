@@ -14,6 +14,7 @@ CREATE COLLATION rovanta.words (provider = icu, locale = 'und-u-ks-level2', dete
 -- The column types keep the dialect's names, so that the catalogue can be read back. A bit is a number of its own, for
 -- it compares and converts like one.
 CREATE DOMAIN rovanta.bit AS smallint;
+CREATE DOMAIN rovanta.money AS numeric(19, 4) CHECK (abs(VALUE) <= 922337203685477.5807);
 CREATE DOMAIN rovanta."varchar(max)" AS bpchar COLLATE rovanta.words;
 
 CREATE FUNCTION rovanta.need_varchar(length int) RETURNS void LANGUAGE plpgsql AS $$
@@ -268,6 +269,33 @@ $$;
 
 -- LIKE
 
+-- The inside of a set as an item of a regular expression. A range that runs backwards holds nothing.
+CREATE FUNCTION rovanta.like_set(excluded boolean, inside text) RETURNS text
+LANGUAGE plpgsql IMMUTABLE STRICT PARALLEL SAFE AS $$
+DECLARE
+    place int := 1;
+    first text COLLATE "C";
+    last text COLLATE "C";
+    items text := '';
+BEGIN
+    WHILE place <= length(inside) LOOP
+        first := substr(inside, place, 1);
+        last := first;
+        IF substr(inside, place + 1, 1) = '-' AND place + 2 <= length(inside) THEN
+            last := substr(inside, place + 2, 1);
+            place := place + 2;
+        END IF;
+        place := place + 1;
+        IF first <= last THEN
+            items := items || regexp_replace(first, '([][\\^-])', '\\\1') || '-' || regexp_replace(last, '([][\\^-])', '\\\1');
+        END IF;
+    END LOOP;
+    IF items = '' THEN
+        RETURN CASE WHEN excluded THEN '.' ELSE '(?!)' END;
+    END IF;
+    RETURN '[' || CASE WHEN excluded THEN '^' ELSE '' END || items || ']';
+END $$;
+
 -- A pattern of the dialect as a regular expression over lower case letters: % for any run, _ for one character, [a-c]
 -- and [^a-c] for one of a set. A set without an end matches nothing.
 CREATE FUNCTION rovanta.like_pattern(value bpchar) RETURNS text
@@ -291,8 +319,7 @@ BEGIN
         IF piece IS NULL THEN
             RETURN '(?!)';
         END IF;
-        result := result || '[' || piece[1] || CASE WHEN left(piece[2], 1) = ']' THEN ']' ELSE '' END
-            || regexp_replace(ltrim(piece[2], ']'), '([][\\^])', '\\\1', 'g') || ']';
+        result := result || rovanta.like_set(piece[1] = '^', piece[2]);
         pattern := piece[3];
     END LOOP;
     RETURN '^' || result || ' *$';

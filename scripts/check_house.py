@@ -31,6 +31,7 @@ LIBRARIES = {
     r"sqlite3\.h": "store",
     r"libpq-fe\.h|libpq/.*": "store",
     r"sql(ext|types|ucode)?\.h": "store",
+    r"unicode/.*": "store",
     r"curl/.*": "platform",
 }
 QT = re.compile(r"Q[A-Z]\w*|Qt\w+/.*|q[a-z]+\.h")

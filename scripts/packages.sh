@@ -11,6 +11,7 @@ run_packages=(
     libsqlite3-dev            # the embedded database
     libpq-dev                 # the way to a PostgreSQL server
     unixodbc-dev              # the way to SQL Server
+    libicu-dev                # the order of texts, the same in a file as on a server
     libcurl4-openssl-dev      # sends the mails
     qt6-base-dev              # the windows
     qt6-image-formats-plugins # pictures of vehicles as tiff and webp

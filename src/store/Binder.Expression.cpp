@@ -168,6 +168,8 @@ void BinderState::BindCast(ExpressionPointer& expression)
 {
     ExpressionPointer& operand = expression->operands[0];
     const SqlType type = expression->type;
+    if (operand->type.kind == TypeKind::DateTime && IsNumber(type.kind))
+        throw NotConvertible(TypeKind::DateTime, type.kind);
     if (operand->kind == ExpressionKind::Literal && operand->type.kind == operand->literalKind) {
         operand->type = type;
         expression = std::move(expression->operands[0]);
@@ -220,8 +222,7 @@ void BinderState::ConvertTo(ExpressionPointer& expression, const SqlType& type, 
     if (FitsAsItStands(node.type, type))
         return;
     if (node.type.kind == TypeKind::DateTime && IsNumber(type.kind))
-        throw DatabaseError("Implicit conversion from data type datetime to " + std::string(TypeName(type.kind)) +
-                            " is not allowed. Use the CONVERT function to run this query.");
+        throw NotConvertible(TypeKind::DateTime, type.kind);
     auto conversion = std::make_unique<Expression>(ExpressionKind::Convert);
     conversion->type = type;
     conversion->place = place;

@@ -49,12 +49,6 @@ DatabaseError ConversionFailed(std::string_view text, TypeKind to)
     }
 }
 
-DatabaseError NotConvertible(TypeKind from, TypeKind to)
-{
-    return DatabaseError("Implicit conversion from data type " + std::string(TypeName(from)) + " to " +
-                         std::string(TypeName(to)) + " is not allowed. Use the CONVERT function to run this query.");
-}
-
 DatabaseError NumberTooLarge(TypeKind to)
 {
     return DatabaseError("Arithmetic overflow error converting expression to data type " + std::string(TypeName(to)) +
@@ -219,6 +213,12 @@ Value ToNumber(const Value& value, TypeKind to)
 
 }
 
+DatabaseError NotConvertible(TypeKind from, TypeKind to)
+{
+    return DatabaseError("Implicit conversion from data type " + std::string(TypeName(from)) + " to " +
+                         std::string(TypeName(to)) + " is not allowed. Use the CONVERT function to run this query.");
+}
+
 Value Convert(const Value& value, TypeKind from, const SqlType& to)
 {
     if (value.IsNull() || to.kind == TypeKind::Unknown)
@@ -263,6 +263,9 @@ bool FitsAsItStands(const SqlType& from, const SqlType& to)
 
 double RoundMoney(double amount)
 {
+    constexpr double mostMoney = 922337203685477.5807;
+    if (!(std::abs(amount) <= mostMoney))
+        throw NumberTooLarge(TypeKind::Money);
     const double scaled = amount * 10000;
     constexpr double exactWholeNumbers = 9007199254740992.0;
     return std::abs(scaled) < exactWholeNumbers ? std::round(scaled) / 10000 : amount;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "store/DatabaseError.h"
 #include "store/SqlType.h"
 #include "values/Value.h"
 
@@ -12,10 +13,13 @@ namespace rovanta {
 /// DatabaseError with the database's text where the value does not convert.
 Value Convert(const Value& value, TypeKind from, const SqlType& to);
 
+/// What the database says where no value of `from` converts to `to`.
+DatabaseError NotConvertible(TypeKind from, TypeKind to);
+
 /// Whether every value of `from` is one of `to` as it stands, so that no conversion is needed.
 bool FitsAsItStands(const SqlType& from, const SqlType& to);
 
-/// An amount with the four decimals that money has.
+/// An amount with the four decimals that money has. Throws DatabaseError beyond 922,337,203,685,477.5807.
 double RoundMoney(double amount);
 
 /// The kind of type that a value in hand has by itself.

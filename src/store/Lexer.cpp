@@ -95,7 +95,7 @@ private:
 
     void AddLiteral(LiteralKind kind, std::string value, std::size_t length)
     {
-        constexpr std::string_view marks = "\1\2\3";
+        constexpr std::string_view marks = "\1\2\3\4";
         list.tokens.push_back({TokenKind::Literal, text.substr(at, length), Keyword::None, list.literals.size()});
         list.literals.push_back({kind, std::move(value)});
         list.shape += marks[static_cast<std::size_t>(kind)];
@@ -135,9 +135,16 @@ private:
         }
         if (BeginsWord(Peek(length)))
             throw SyntaxErrorNear(std::string(text.substr(at, length + 1)));
-        // Beyond eighteen digits a number no longer fits a whole number of 64 bits.
-        const LiteralKind kind = whole && length <= 18 ? LiteralKind::Whole : LiteralKind::Decimal;
-        AddLiteral(kind, std::string(text.substr(at, length)), length);
+        AddLiteral(whole ? KindOfWhole(length) : LiteralKind::Decimal, std::string(text.substr(at, length)), length);
+    }
+
+    static LiteralKind KindOfWhole(std::size_t digits)
+    {
+        constexpr std::size_t alwaysFitsInt = 9;
+        constexpr std::size_t alwaysFitsBigInt = 18;
+        return digits <= alwaysFitsInt      ? LiteralKind::Whole
+               : digits <= alwaysFitsBigInt ? LiteralKind::LongWhole
+                                            : LiteralKind::Decimal;
     }
 
     void ReadText()

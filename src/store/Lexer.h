@@ -9,7 +9,9 @@
 
 namespace rovanta {
 
-enum class LiteralKind : std::uint8_t { Text, Whole, Decimal };
+/// A LongWhole has ten digits or more and so may not fit an int. It is a kind of its own, for a statement with such a
+/// number means other work than one with a short number.
+enum class LiteralKind : std::uint8_t { Text, Whole, LongWhole, Decimal };
 
 /// A value that stands in a statement's text: 'O''Brien' without its quotes, 120 or 12.5.
 struct Literal {
@@ -35,7 +37,8 @@ struct Token {
 struct TokenList {
     std::vector<Token> tokens;
     std::vector<Literal> literals;
-    /// The text with a mark of its kind in place of each literal: statements of one shape mean the same work.
+    /// The text with a mark of its kind in place of each literal: statements of one shape mean the same work, save
+    /// where that rests on a literal by its value, which the plan then names.
     std::string shape;
 };
 

@@ -241,7 +241,10 @@ ExpressionPointer ParserState::LiteralValue()
         literal->literalKind = TypeKind::Varchar;
         break;
     case LiteralKind::Whole:
-        literal->literalKind = value.text.size() < 10 ? TypeKind::Int : TypeKind::BigInt;
+        literal->literalKind = TypeKind::Int;
+        break;
+    case LiteralKind::LongWhole:
+        literal->literalKind = TypeKind::BigInt;
         break;
     case LiteralKind::Decimal:
         literal->literalKind = TypeKind::Decimal;

@@ -16,7 +16,7 @@ bool Plan::Fits(const std::vector<Literal>& literals) const
 Value LiteralAsValue(const Literal& literal, bool negative)
 {
     const char* const end = literal.text.data() + literal.text.size();
-    if (literal.kind == LiteralKind::Whole) {
+    if (literal.kind == LiteralKind::Whole || literal.kind == LiteralKind::LongWhole) {
         std::int64_t number = 0;
         std::from_chars(literal.text.data(), end, number);
         return negative ? -number : number;

@@ -52,7 +52,7 @@ std::string TypeOfColumn(const SqlType& type)
     case TypeKind::Bit:
         return "rovanta.bit";
     case TypeKind::Money:
-        return "numeric(19,4)";
+        return "rovanta.money";
     case TypeKind::DateTime:
         return "timestamp(0)";
     default:

@@ -70,6 +70,9 @@ std::string ErrorText(const PGresult* result, const std::string& state)
         return "Divide by zero error encountered.";
     if (state == "22003")
         return OverflowText(text);
+    // The one condition that a type of the program has.
+    if (state == "23514")
+        return OverflowText("numeric");
     if (state == "22008")
         return "Adding a value to a 'datetime' column caused an overflow.";
     if (state == "21000")
@@ -158,6 +161,7 @@ std::string_view PostgresRows::Text(int row, int column) const
 struct PostgresSession::Flight {
     struct Answer {
         bool wanted;
+        /// The key of the statement that the command prepares; empty where it prepares none.
         std::string prepares;
     };
     std::vector<Answer> answers;
@@ -205,45 +209,51 @@ PostgresError PostgresSession::ErrorOf(const PostgresRows& answer) const
     return {"", farewell.empty() ? OneLine(PQerrorMessage(Raw(connection))) : farewell};
 }
 
-void PostgresSession::Forget(const std::string& name)
+static std::vector<Oid> TypesOf(const PostgresCommand& command)
 {
-    for (auto place = recent.begin(); place != recent.end(); ++place) {
-        if (place->name != name)
-            continue;
-        byText.erase(place->text);
-        recent.erase(place);
-        return;
-    }
+    std::vector<Oid> types;
+    types.reserve(command.arguments.size());
+    for (const PostgresArgument& argument : command.arguments)
+        types.push_back(static_cast<Oid>(argument.type));
+    return types;
 }
 
-/// A statement out of those used last; the one that must go for it is taken from the server as well.
-PostgresSession::Prepared& PostgresSession::Remember(const std::string& text,
-                                                     std::vector<PostgresCommand>& housekeeping)
+/// By what a statement is remembered: its text and the types of its arguments, for the server prepares it for those.
+static std::string KeyOf(const PostgresCommand& command)
 {
-    if (const auto found = byText.find(text); found != byText.end()) {
-        recent.splice(recent.begin(), recent, found->second);
-        return recent.front();
+    std::string key = command.text;
+    for (const PostgresArgument& argument : command.arguments)
+        key += " " + std::to_string(static_cast<unsigned>(argument.type));
+    return key;
+}
+
+/// By what name the server knows the statement. One that is new to it is prepared on the way, and the one that must go
+/// for it is taken from the server as well.
+std::string PostgresSession::NameOfPrepared(const PostgresCommand& command, Flight& flight)
+{
+    const std::string key = KeyOf(command);
+    if (const std::string* name = prepared.Find(key))
+        return *name;
+    std::string name = "rovanta_" + std::to_string(++nextName);
+    PGconn* raw = Raw(connection);
+    if (const auto gone = prepared.Add(key, name)) {
+        PQsendQueryParams(raw, ("DEALLOCATE " + *gone).c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0);
+        flight.answers.push_back({false, {}});
     }
-    recent.push_front({text, "rovanta_" + std::to_string(++nextName), false});
-    byText.emplace(recent.front().text, recent.begin());
-    constexpr std::size_t mostKept = 200;
-    if (recent.size() > mostKept) {
-        if (recent.back().known)
-            housekeeping.push_back({"DEALLOCATE " + recent.back().name, {}, false});
-        Forget(recent.back().name);
-    }
-    return recent.front();
+    const std::vector<Oid> types = TypesOf(command);
+    PQsendPrepare(raw, name.c_str(), command.text.c_str(), static_cast<int>(types.size()), types.data());
+    // Whether it came to be is seen from the answer.
+    flight.answers.push_back({false, key});
+    return name;
 }
 
 void PostgresSession::Send(const PostgresCommand& command, Flight& flight)
 {
     const int count = static_cast<int>(command.arguments.size());
-    std::vector<Oid> types;
     std::vector<const char*> values;
     std::vector<int> lengths;
     std::vector<int> formats;
     for (const PostgresArgument& argument : command.arguments) {
-        types.push_back(static_cast<Oid>(argument.type));
         values.push_back(argument.text ? argument.text->c_str() : nullptr);
         lengths.push_back(argument.text ? static_cast<int>(argument.text->size()) : 0);
         // A text travels with its length, so that no character in it can end it early.
@@ -251,24 +261,12 @@ void PostgresSession::Send(const PostgresCommand& command, Flight& flight)
     }
     PGconn* raw = Raw(connection);
     int sent = 0;
-    if (command.repeated) {
-        std::vector<PostgresCommand> housekeeping;
-        Prepared& prepared = Remember(command.text, housekeeping);
-        for (const PostgresCommand& other : housekeeping) {
-            PQsendQueryParams(raw, other.text.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0);
-            flight.answers.push_back({false, {}});
-        }
-        if (!prepared.known) {
-            PQsendPrepare(raw, prepared.name.c_str(), command.text.c_str(), count, types.data());
-            flight.answers.push_back({false, prepared.name});
-            // Whether it came to be is seen from the answer.
-            prepared.known = true;
-        }
-        sent = PQsendQueryPrepared(raw, prepared.name.c_str(), count, values.data(), lengths.data(), formats.data(), 0);
-    } else {
-        sent = PQsendQueryParams(raw, command.text.c_str(), count, types.data(), values.data(), lengths.data(),
-                                 formats.data(), 0);
-    }
+    if (command.repeated)
+        sent = PQsendQueryPrepared(raw, NameOfPrepared(command, flight).c_str(), count, values.data(), lengths.data(),
+                                   formats.data(), 0);
+    else
+        sent = PQsendQueryParams(raw, command.text.c_str(), count, TypesOf(command).data(), values.data(),
+                                 lengths.data(), formats.data(), 0);
     if (sent == 0)
         throw ErrorOf({});
     flight.answers.push_back({true, {}});
@@ -296,7 +294,7 @@ void PostgresSession::Receive(Flight& flight)
         if (Failed(result) && !failure)
             failure = ErrorOf(PostgresRows(held));
         if (failure && !answer.prepares.empty())
-            Forget(answer.prepares);
+            prepared.Remove(answer.prepares);
         if (!failure && answer.wanted)
             flight.rows.emplace_back(held);
         if (PQstatus(raw) == CONNECTION_BAD)

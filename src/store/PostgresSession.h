@@ -1,14 +1,13 @@
 #pragma once
 
 #include "store/DatabaseError.h"
+#include "store/RecentlyUsed.h"
 
 #include <cstdint>
-#include <list>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace rovanta {
@@ -93,16 +92,10 @@ public:
     const std::string& Database() const { return database; }
 
 private:
-    struct Prepared {
-        std::string text;
-        std::string name;
-        bool known = false;
-    };
     struct Flight;
 
-    Prepared& Remember(const std::string& text, std::vector<PostgresCommand>& housekeeping);
-    void Forget(const std::string& name);
     PostgresError ErrorOf(const PostgresRows& answer) const;
+    std::string NameOfPrepared(const PostgresCommand& command, Flight& flight);
     void Send(const PostgresCommand& command, Flight& flight);
     void SendSync();
     void Receive(Flight& flight);
@@ -113,8 +106,9 @@ private:
     std::string database;
     std::uint64_t roundTrips = 0;
     std::uint64_t nextName = 0;
-    std::list<Prepared> recent;
-    std::unordered_map<std::string_view, std::list<Prepared>::iterator> byText;
+    static constexpr std::size_t mostPrepared = 200;
+    /// The names of the statements that the server knows.
+    RecentlyUsed<std::string> prepared{mostPrepared};
 };
 
 }

@@ -8,8 +8,9 @@ namespace rovanta {
 
 class Connection;
 
-/// The version of the schema that this program works with; a database notes which one it holds.
-inline constexpr int schemaVersion = 1;
+/// The version of the schema that this program works with; a database notes which one it holds. The order of texts, by
+/// which its indexes are laid out, counts among it.
+inline constexpr int schemaVersion = 2;
 
 /// The statements that make every table and index of an empty database.
 std::string_view SchemaScript();

@@ -105,7 +105,7 @@ std::string SqlWriter::AggregateText(const Expression& expression)
 std::string SqlWriter::ConversionText(const Expression& expression)
 {
     const Expression& operand = *expression.operands[0];
-    const std::string text = Text(operand);
+    std::string text = Text(operand);
     if (FitsAsItStands(operand.type, expression.type))
         return text;
     return dialect.Conversion(text, operand.type.kind, expression.type, expression.place);

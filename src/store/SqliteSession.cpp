@@ -195,22 +195,14 @@ void SqliteSession::AddDialect()
 
 SqliteStatement SqliteSession::Prepared(const std::string& text)
 {
-    if (const auto found = byText.find(text); found != byText.end()) {
-        recent.splice(recent.begin(), recent, found->second);
-        return SqliteStatement(recent.front());
-    }
+    if (KeptStatement* kept = statements.Find(text))
+        return SqliteStatement(*kept);
     sqlite3_stmt* prepared = nullptr;
     if (sqlite3_prepare_v3(database.get(), text.c_str(), static_cast<int>(text.size()) + 1, SQLITE_PREPARE_PERSISTENT,
                            &prepared, nullptr) != SQLITE_OK)
         throw LastError(database.get());
-    recent.push_front({text, {prepared, sqlite3_finalize}});
-    byText.emplace(recent.front().text, recent.begin());
-    constexpr std::size_t mostKept = 100;
-    if (recent.size() > mostKept) {
-        byText.erase(recent.back().text);
-        recent.pop_back();
-    }
-    return SqliteStatement(recent.front());
+    statements.Add(text, {{prepared, sqlite3_finalize}});
+    return SqliteStatement(*statements.Find(text));
 }
 
 SqliteError SqliteSession::CannotBeUsed() const

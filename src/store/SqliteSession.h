@@ -1,16 +1,15 @@
 #pragma once
 
 #include "store/DatabaseError.h"
+#include "store/RecentlyUsed.h"
 #include "store/SqlType.h"
 #include "values/Value.h"
 
 #include <chrono>
 #include <cstdint>
-#include <list>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -33,7 +32,6 @@ private:
 
 /// A prepared statement as the session keeps it.
 struct KeptStatement {
-    std::string text;
     std::shared_ptr<sqlite3_stmt> handle;
     /// How much it read when it last ran, which is what it will read about the next time.
     std::size_t cellsRead = 0;
@@ -102,8 +100,8 @@ private:
 
     std::string path;
     std::shared_ptr<sqlite3> database;
-    std::list<KeptStatement> recent;
-    std::unordered_map<std::string_view, std::list<KeptStatement>::iterator> byText;
+    static constexpr std::size_t mostKept = 100;
+    RecentlyUsed<KeptStatement> statements{mostKept};
 };
 
 }

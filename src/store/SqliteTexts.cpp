@@ -44,6 +44,10 @@ std::string DeleteRowText(const TableInfo& table, const std::vector<ColumnValue>
 
 std::string ErrorTextOfDialect(const std::string& text)
 {
+    if (text == "cannot commit - no transaction is active")
+        return "The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION.";
+    if (text == "cannot rollback - no transaction is active")
+        return "The ROLLBACK TRANSACTION request has no corresponding BEGIN TRANSACTION.";
     const auto colon = text.find(" constraint failed: ");
     if (colon == std::string::npos)
         return text;

@@ -1,7 +1,15 @@
 #include "store/TextRules.h"
 
+#include <unicode/uchar.h>
+#include <unicode/ucol.h>
+
+#include <algorithm>
+#include <array>
 #include <cstdint>
+#include <memory>
 #include <optional>
+#include <stdexcept>
+#include <string>
 
 namespace rovanta {
 
@@ -13,21 +21,72 @@ std::string_view WithoutTrailingBlanks(std::string_view text)
     return text.substr(0, last == std::string_view::npos ? 0 : last + 1);
 }
 
-/// Latin letters in lower case: ASCII, Latin-1 and Latin Extended-A, whose pairs of letters are neighbours.
-std::uint32_t Folded(std::uint32_t c)
-{
-    if (c < 0x80)
-        return c >= 'A' && c <= 'Z' ? c + 32 : c;
-    if (c >= 0xC0 && c <= 0xDE && c != 0xD7)
-        return c + 32;
-    const bool evenCapitals = (c >= 0x100 && c <= 0x137) || (c >= 0x14A && c <= 0x177);
-    if (evenCapitals && c % 2 == 0)
-        return c + 1;
-    const bool oddCapitals = (c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E);
-    if (oddCapitals && c % 2 == 1)
-        return c + 1;
-    return c == 0x178 ? 0xFF : c;
-}
+/// Orders as the servers' collations do: base letters first, then accents, never case.
+class Collator {
+public:
+    Collator()
+    {
+        UErrorCode status = U_ZERO_ERROR;
+        collator.reset(ucol_open("", &status));
+        ucol_setStrength(collator.get(), UCOL_SECONDARY);
+        if (U_FAILURE(status))
+            throw std::runtime_error(std::string("The rules for comparing texts are missing: ") + u_errorName(status));
+        RankPlainCharacters();
+    }
+
+    int Compare(std::string_view a, std::string_view b) const
+    {
+        std::size_t at = 0;
+        // Most texts part at two plain characters, whose ranks tell the order.
+        for (; at < a.size() && at < b.size(); ++at) {
+            const int left = Rank(a[at]);
+            const int right = Rank(b[at]);
+            if (left == 0 || right == 0)
+                return CompareByRules(a, b);
+            if (left != right)
+                return IsFollowedByPlain(a, at) && IsFollowedByPlain(b, at) ? left - right : CompareByRules(a, b);
+        }
+        if (a.size() == b.size())
+            return 0;
+        const bool shorter = a.size() < b.size();
+        return Rank(shorter ? b[at] : a[at]) != 0 ? (shorter ? -1 : 1) : CompareByRules(a, b);
+    }
+
+private:
+    /// The place of a plain character among all of them, equal for the two cases of a letter; 0 for any other.
+    int Rank(char c) const { return ranks[static_cast<unsigned char>(c)]; }
+
+    /// What stands behind a character may belong to it, as an accent of its own does, unless it is plain, too.
+    bool IsFollowedByPlain(std::string_view text, std::size_t at) const
+    {
+        return at + 1 == text.size() || Rank(text[at + 1]) != 0;
+    }
+
+    int CompareByRules(std::string_view a, std::string_view b) const
+    {
+        UErrorCode status = U_ZERO_ERROR;
+        return ucol_strcollUTF8(collator.get(), a.data(), static_cast<int32_t>(a.size()), b.data(),
+                                static_cast<int32_t>(b.size()), &status);
+    }
+
+    void RankPlainCharacters()
+    {
+        std::string plain;
+        for (char c = ' '; c <= '~'; ++c)
+            plain += c;
+        const auto compare = [&](char a, char b) { return CompareByRules({&a, 1}, {&b, 1}); };
+        std::sort(plain.begin(), plain.end(), [&](char a, char b) { return compare(a, b) < 0; });
+        int rank = 1;
+        for (std::size_t i = 0; i < plain.size(); ++i) {
+            if (i > 0 && compare(plain[i - 1], plain[i]) != 0)
+                ++rank;
+            ranks[static_cast<unsigned char>(plain[i])] = rank;
+        }
+    }
+
+    std::unique_ptr<UCollator, void (*)(UCollator*)> collator{nullptr, ucol_close};
+    std::array<int, 256> ranks{};
+};
 
 /// Takes one character of UTF-8 off the front; a byte that begins none stands for itself.
 std::uint32_t TakeCharacter(std::string_view& text)
@@ -49,7 +108,7 @@ std::uint32_t TakeCharacter(std::string_view& text)
 
 std::uint32_t TakeFolded(std::string_view& text)
 {
-    return Folded(TakeCharacter(text));
+    return static_cast<std::uint32_t>(u_tolower(static_cast<UChar32>(TakeCharacter(text))));
 }
 
 /// Reads the set that begins behind a '[' and tells whether `c` is in it; nothing when the set has no end.
@@ -91,22 +150,14 @@ bool TakeMatch(std::string_view& text, std::string_view& pattern)
 
 int CompareText(std::string_view a, std::string_view b)
 {
-    a = WithoutTrailingBlanks(a);
-    b = WithoutTrailingBlanks(b);
-    while (!a.empty() && !b.empty()) {
-        const std::uint32_t left = TakeFolded(a);
-        const std::uint32_t right = TakeFolded(b);
-        if (left != right)
-            return left < right ? -1 : 1;
-    }
-    return static_cast<int>(!a.empty()) - static_cast<int>(!b.empty());
+    static const Collator collator;
+    return collator.Compare(WithoutTrailingBlanks(a), WithoutTrailingBlanks(b));
 }
 
 bool IsLike(std::string_view text, std::string_view pattern)
 {
     // Where the last '%' stood: on a mismatch that run takes one character more. One such place is enough, since a
-    // later
-    // '%' can do whatever an earlier one could.
+    // later '%' can do whatever an earlier one could.
     std::string_view runText;
     std::string_view runPattern;
     bool inRun = false;

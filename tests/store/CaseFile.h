@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/Connection.h"
+#include "tests/store/TestOffice.h"
 
 #include <string>
 #include <vector>
@@ -39,15 +39,15 @@ struct StatementCase {
 /// make what all of them start from. A line that begins with blanks goes on with the one before. A "fail:" ends its
 /// case and is followed by "says:" with the error's text. Lines with # are comments.
 struct CaseFile {
+    std::string path;
     std::vector<std::string> data;
     std::vector<StatementCase> cases;
 };
 
 CaseFile ReadCaseFile(const std::string& path);
 
-/// Runs every case on the connected database, which is left as it was, and returns what went otherwise than told, one
-/// text a difference.
-/// `server` is the connection text where the database lies on a server, empty for a file.
-std::vector<std::string> RunCases(const CaseFile& file, Connection& connection, const std::string& server);
+/// Runs every case on the office, which is left as it was, tells how many passed, and returns what went otherwise than
+/// told, one text a difference.
+std::vector<std::string> RunCases(const CaseFile& file, TestOffice& office);
 
 }

@@ -6,6 +6,7 @@
 #include "store/PostgresSession.h"
 #include "store/Recordset.h"
 #include "tests/store/TestOffice.h"
+#include "tests/support/Tally.h"
 #include "values/Text.h"
 
 #include <fstream>
@@ -84,14 +85,14 @@ std::string RunStep(const StatementCase& one, const CaseStep& step, Connection& 
     return step.kind == StepKind::Fail ? Difference(one, step, "did not fail") : std::string{};
 }
 
-/// The numbers that a server gives to new rows, which no rollback takes back there.
+/// The numbers that a PostgreSQL server gives to new rows, which no rollback takes back there.
 class ServerNumbers {
 public:
-    explicit ServerNumbers(const std::string& server)
+    explicit ServerNumbers(const std::string& text)
     {
-        if (server.empty())
+        if (ChooseEngine(text) != EngineKind::Postgres)
             return;
-        session.emplace(server);
+        session.emplace(text);
         session->RunScript("CREATE TEMP TABLE numbers AS SELECT format('%I.%I', schemaname, sequencename) AS name, "
                            "last_value FROM pg_sequences");
     }
@@ -111,7 +112,7 @@ private:
 
 CaseFile ReadCaseFile(const std::string& path)
 {
-    CaseFile file;
+    CaseFile file{path, {}, {}};
     for (const auto& [number, line] : JoinedLines(path)) {
         const auto colon = line.find(':');
         const std::string word = line.front() == '|' ? "|" : line.substr(0, colon);
@@ -133,20 +134,25 @@ CaseFile ReadCaseFile(const std::string& path)
     return file;
 }
 
-std::vector<std::string> RunCases(const CaseFile& file, Connection& connection, const std::string& server)
+std::vector<std::string> RunCases(const CaseFile& file, TestOffice& office)
 {
+    Connection& connection = office.connection;
     for (const std::string& statement : file.data)
         connection.Execute(Statement::Verbatim(statement));
-    const ServerNumbers numbers(server);
+    const ServerNumbers numbers(office.Text());
     std::vector<std::string> differences;
+    std::size_t passed = 0;
     for (const StatementCase& one : file.cases) {
+        const std::size_t before = differences.size();
         connection.Execute("BEGIN TRANSACTION");
         for (const CaseStep& step : one.steps)
             if (const std::string difference = RunStep(one, step, connection); !difference.empty())
                 differences.push_back(difference);
         connection.Execute("ROLLBACK TRANSACTION");
         numbers.Restore();
+        passed += differences.size() == before ? 1 : 0;
     }
+    TellTally(std::filesystem::path(file.path).filename().string(), passed, file.cases.size());
     return differences;
 }
 
@@ -159,7 +165,7 @@ static void CheckFile(const std::string& name, std::size_t fewestCases)
     TestOffice office;
     const CaseFile file = ReadCaseFile(SOURCE_FOLDER "/tests/store/" + name);
     CHECK(file.cases.size() >= fewestCases);
-    for (const std::string& difference : RunCases(file, office.connection, office.ServerText()))
+    for (const std::string& difference : RunCases(file, office))
         FAIL_CHECK(difference);
 }
 

@@ -60,7 +60,9 @@ TEST_CASE("Money keeps four decimals")
     CHECK(RoundMoney(0.1 + 0.2) == 0.3);
     CHECK(RoundMoney(1.00005) == 1.0001);
     CHECK(RoundMoney(-1.00005) == -1.0001);
-    CHECK(RoundMoney(1e15) == 1e15);
+    CHECK(RoundMoney(922337203685000) == 922337203685000);
+    CHECK_THROWS_AS(RoundMoney(922337203685478), DatabaseError);
+    CHECK_THROWS_AS(RoundMoney(-1e300), DatabaseError);
 }
 
 TEST_CASE("Texts convert to dates, and an empty one to the first day of 1900")

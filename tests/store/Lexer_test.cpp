@@ -38,8 +38,8 @@ TEST_CASE("A text keeps a doubled apostrophe as one")
 TEST_CASE("Numbers are whole up to eighteen digits")
 {
     const TokenList list = ReadTokens("12 12. .5 1e2 123456789012345678 1234567890123456789");
-    const std::vector<LiteralKind> kinds{LiteralKind::Whole,   LiteralKind::Decimal, LiteralKind::Decimal,
-                                         LiteralKind::Decimal, LiteralKind::Whole,   LiteralKind::Decimal};
+    const std::vector<LiteralKind> kinds{LiteralKind::Whole,   LiteralKind::Decimal,   LiteralKind::Decimal,
+                                         LiteralKind::Decimal, LiteralKind::LongWhole, LiteralKind::Decimal};
     for (std::size_t i = 0; i < kinds.size(); ++i)
         CHECK(list.literals[i].kind == kinds[i]);
 }
@@ -50,6 +50,7 @@ TEST_CASE("Statements that differ in their values alone are of one shape")
           ReadTokens("SELECT * FROM T  WHERE A = 77 AND\nB = 'O''Brien'").shape);
     CHECK(ReadTokens("A = 5").shape != ReadTokens("A = '5'").shape);
     CHECK(ReadTokens("A = 5").shape != ReadTokens("A = 5.0").shape);
+    CHECK(ReadTokens("A = 999999999").shape != ReadTokens("A = 5000000000").shape);
     CHECK(ReadTokens("A IN (1)").shape != ReadTokens("A IN (1,2)").shape);
     CHECK(ReadTokens("A = 'x").shape != ReadTokens("A = 'x'").shape);
     CHECK(ReadTokens("A = B").shape != ReadTokens("A = [B]").shape);

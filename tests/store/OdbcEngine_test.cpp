@@ -206,7 +206,7 @@ TEST_CASE("A database of another version of the schema is refused")
     ServerOffice office;
     office.Execute("EXEC sp_addextendedproperty 'RovantaSchemaVersion', 99");
     CHECK(FailureToOpen(office.server.Text("office")) ==
-          "The database 'office' holds version 99 of the schema, and this program needs version 1.");
+          "The database 'office' holds version 99 of the schema, and this program needs version 2.");
 }
 
 TEST_CASE("A statement that is never answered is given up")

@@ -80,7 +80,7 @@ TEST_CASE("A database with another version of the schema is refused, both versio
     TestOffice office;
     office.connection.GetEngine().SetSchemaVersion(99);
     office.connection.Close();
-    CHECK(Has(OpenError(office.Text()), "holds version 99 of the schema, and this program needs version 1."));
+    CHECK(Has(OpenError(office.Text()), "holds version 99 of the schema, and this program needs version 2."));
 }
 
 TEST_CASE("An office is not made twice in one database, and what fails midway leaves nothing")

@@ -91,7 +91,7 @@ TEST_CASE("A database with another version of the schema is refused, both versio
     ExecuteBare(office.File(), "PRAGMA user_version = 99");
     CHECK_THROWS_WITH_AS(
         office.connection.Open(office.File()),
-        ("The database file '" + office.File() + "' holds version 99 of the schema, and this program needs version 1.")
+        ("The database file '" + office.File() + "' holds version 99 of the schema, and this program needs version 2.")
             .c_str(),
         DatabaseError);
 }

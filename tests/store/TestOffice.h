@@ -68,9 +68,6 @@ public:
     /// Its connection text.
     std::string Text() const { return database ? database->Text() : File(); }
 
-    /// The same, but empty where the office lies in a file.
-    std::string ServerText() const { return database ? database->Text() : std::string{}; }
-
     void Execute(const std::string& statement) { connection.Execute(Statement::Verbatim(statement)); }
     Recordset Open(const std::string& select) { return Recordset(Statement::Verbatim(select), connection); }
 

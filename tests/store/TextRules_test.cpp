@@ -3,6 +3,7 @@
 #include "store/TextRules.h"
 
 #include <string>
+#include <vector>
 
 using namespace rovanta;
 
@@ -29,12 +30,32 @@ TEST_CASE("Accented letters have a case too, and are not the plain letters")
     CHECK(CompareText("×", "÷") != 0);
 }
 
-TEST_CASE("Bytes that are no UTF-8 compare as they stand")
+TEST_CASE("Bytes that are no UTF-8 all count as one and the same character")
 {
     CHECK(CompareText("\xFF\xFE", "\xFF\xFE") == 0);
-    CHECK(CompareText("\xC3", "\xC3") == 0);
-    CHECK(CompareText("\xC3", "\xC4") < 0);
+    CHECK(CompareText("\xC3", "\xC4") == 0);
+    CHECK(CompareText("\xC3", "C") != 0);
     CHECK(CompareText("a\xE2\x82", "a\xE2\x82") == 0);
+}
+
+TEST_CASE("Signs stand before digits before letters, and an accent behind its plain letter")
+{
+    const std::vector<const char*> ordered{"",   "a_b",    "a-b",    "a:b",    "a$b", "a1",
+                                           "ab", "eloise", "Éloise", "eloisf", "Zoe"};
+    for (std::size_t i = 1; i < ordered.size(); ++i) {
+        CAPTURE(ordered[i]);
+        CHECK(CompareText(ordered[i - 1], ordered[i]) < 0);
+        CHECK(CompareText(ordered[i], ordered[i - 1]) > 0);
+    }
+}
+
+TEST_CASE("An accent of its own belongs to the letter before it")
+{
+    CHECK(CompareText("E\xCC\x81loise", "éloise") == 0);
+    CHECK(CompareText("Elo", "E\xCC\x81lo") < 0);
+    // The accent counts less than any letter that differs behind it.
+    CHECK(CompareText("E\xCC\x81la", "Elb") < 0);
+    CHECK(CompareText("Re", "Re\xCC\x81") < 0);
 }
 
 TEST_CASE("LIKE finds runs, single characters and sets")
