@@ -3,6 +3,7 @@
 #include "store/Connection.h"
 #include "store/DatabaseError.h"
 #include "store/Engine.h"
+#include "store/NewSqliteFile.h"
 #include "store/Schema.h"
 #include "store/Transaction.h"
 
@@ -15,36 +16,6 @@
 namespace rovanta {
 
 namespace {
-
-namespace fs = std::filesystem;
-
-/// A database file that this run makes, gone again unless the copy comes to stand.
-class MadeFile {
-public:
-    MadeFile() = default;
-    ~MadeFile()
-    {
-        std::error_code ignored;
-        if (!path.empty())
-            for (const char* companion : {"", "-wal", "-shm", "-journal"})
-                fs::remove(path + companion, ignored);
-    }
-    MadeFile(const MadeFile&) = delete;
-    MadeFile& operator=(const MadeFile&) = delete;
-
-    /// Makes the file that the connection text names, where it names one that is not there.
-    void MakeFor(const std::string& text)
-    {
-        if (ChooseEngine(text) != EngineKind::Sqlite || fs::exists(DatabaseFile(text)))
-            return;
-        CreateDatabaseFile(text);
-        path = DatabaseFile(text);
-    }
-    void Keep() { path.clear(); }
-
-private:
-    std::string path;
-};
 
 Statement Bracketed(const std::string& name)
 {
@@ -265,8 +236,9 @@ CopyReport CopyOffice(const std::string& from, const std::string& to)
     const std::vector<TableInfo> tables = ListTables(source);
     RefuseNoOffice(tables);
 
-    MadeFile made;
-    made.MakeFor(to);
+    std::optional<NewSqliteFile> made;
+    if (ChooseEngine(to) == EngineKind::Sqlite && !std::filesystem::exists(DatabaseFile(to)))
+        made.emplace(DatabaseFile(to));
     Connection target;
     target.Open(to);
     RefuseFilled(target);
@@ -290,7 +262,8 @@ CopyReport CopyOffice(const std::string& from, const std::string& to)
         }
     }
     whole.Commit();
-    made.Keep();
+    if (made)
+        made->Keep();
     return report;
 }
 

@@ -4,7 +4,7 @@
 #include "store/DatabaseError.h"
 #include "store/Engine.h"
 #include "store/Lexer.h"
-#include "store/SqliteFile.h"
+#include "store/NewSqliteFile.h"
 #include "store/Transaction.h"
 
 namespace rovanta {
@@ -38,7 +38,7 @@ void RequireOffice(Connection& connection)
 
 void CreateDatabaseFile(const std::string& connectionText)
 {
-    CreateSqliteFile(DatabaseFile(connectionText));
+    NewSqliteFile(DatabaseFile(connectionText)).Keep();
 }
 
 }

@@ -209,7 +209,7 @@ std::unique_ptr<Engine> OpenSqlite(const std::string& path)
 {
     using namespace std::chrono_literals;
     RefuseWhatIsNoFile(path);
-    SqliteSession session(path, SqliteSession::File::MustExist);
+    SqliteSession session(path);
     session.WaitFor(10s);
     const int version = std::atoi(session.AnswerOfFile("PRAGMA user_version").c_str());
     if (version != 0 && version != schemaVersion)

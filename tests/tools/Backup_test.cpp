@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <sys/stat.h>
+#include <utility>
 
 using namespace rovanta;
 using rovanta::tests::BusyDesk;
@@ -58,6 +60,14 @@ std::vector<std::string> Names(const fs::path& folder, const std::string& beginn
     return names;
 }
 
+/// Who owns a file, and what may be done with it.
+std::pair<uid_t, mode_t> Access(const std::string& file)
+{
+    struct stat found {};
+    REQUIRE(stat(file.c_str(), &found) == 0);
+    return {found.st_uid, found.st_mode & 07777};
+}
+
 class Office : public TestOffice {
 public:
     std::string Database() const { return folder.File("rovanta.db"); }
@@ -104,6 +114,74 @@ TEST_CASE("a backup overwrites nothing and leaves no half of itself")
     CHECK(damaged.find(office.Database()) != std::string::npos);
     CHECK(Names(office.store.path, "") == std::vector<std::string>{"saved.db"});
     CHECK(RefusalOf([&] { BackUpOffice(office.store.path, "any"); }).find("config.txt") != std::string::npos);
+}
+
+TEST_CASE("files that bear the name of a draft stay as they are")
+{
+    const Office office;
+    const std::string saved = office.Backup();
+    WriteContent(saved + ".part", "mine");
+    WriteContent(saved + ".part2-wal", "mine");
+    BackUpOffice(office.folder.path, saved);
+    WriteContent(office.Database() + ".part", "mine");
+    WriteContent(office.Database() + ".replaced-wal", "mine");
+    CHECK(RestoreOffice(office.folder.path, saved) == office.Database() + ".replaced2");
+    for (const std::string& file :
+         {saved + ".part", saved + ".part2-wal", office.Database() + ".part", office.Database() + ".replaced-wal"})
+        CHECK(ContentOf(file) == "mine");
+    CHECK(Names(office.store.path, "") == std::vector<std::string>{"saved.db", "saved.db.part", "saved.db.part2-wal"});
+}
+
+TEST_CASE("a lost database is not put beside the rest of its log")
+{
+    const Office office;
+    BackUpOffice(office.folder.path, office.Backup());
+    fs::remove(office.Database());
+    WriteContent(office.Database() + "-wal", "rest");
+    CHECK(RefusalOf([&] { RestoreOffice(office.folder.path, office.Backup()); }) ==
+          "The file '" + office.Database() + "-wal' exists already.");
+    CHECK(Names(office.folder.path, "rovanta.db") == std::vector<std::string>{"rovanta.db-wal"});
+}
+
+TEST_CASE("a restored file belongs to whom the replaced one did, and a backup is no more readable than the office")
+{
+    const Office office;
+    const bool root = geteuid() == 0;
+    constexpr uid_t other = 65534;
+    const uid_t owner = root ? other : geteuid();
+    if (root)
+        REQUIRE(chown(office.Database().c_str(), other, other) == 0);
+    fs::permissions(office.Database(), fs::perms(0660));
+    BackUpOffice(office.folder.path, office.Backup());
+    CHECK(fs::status(office.Backup()).permissions() == fs::perms(0660));
+    fs::permissions(office.Backup(), fs::perms(0666));
+    RestoreOffice(office.folder.path, office.Backup());
+    CHECK(Access(office.Database()) == std::make_pair(owner, mode_t{0660}));
+
+    SUBCASE("and a lost one to whom the folder does")
+    {
+        if (root)
+            REQUIRE(chown(office.folder.path.c_str(), other, other) == 0);
+        fs::permissions(office.folder.path, fs::perms(0770));
+        fs::remove(office.Database());
+        RestoreOffice(office.folder.path, office.Backup());
+        CHECK(Access(office.Database()) == std::make_pair(owner, mode_t{0660}));
+    }
+    SUBCASE("and who cannot give it to its owner is refused")
+    {
+        if (!root)
+            return;
+        REQUIRE(chown(office.Database().c_str(), 0, 0) == 0);
+        fs::permissions(office.Database(), fs::perms(0666));
+        fs::permissions(office.folder.path, fs::perms(0777));
+        fs::permissions(office.store.path, fs::perms(0777));
+        REQUIRE(seteuid(other) == 0);
+        const std::string refusal = RefusalOf([&] { RestoreOffice(office.folder.path, office.Backup()); });
+        REQUIRE(seteuid(0) == 0);
+        CHECK(refusal == "The database file '" + office.Database() +
+                             "' belongs to another user: restore it as that user, or as root.");
+        CHECK(Access(office.Database()) == std::make_pair(uid_t{0}, mode_t{0666}));
+    }
 }
 
 TEST_CASE("a restored office is that of the backup, and the replaced one is kept")
