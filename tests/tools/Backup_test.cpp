@@ -259,6 +259,11 @@ TEST_CASE("for an office on a server the server's own command is told, without t
               .ends_with("\n  BACKUP DATABASE [office]]1] TO DISK = N'D:\\o''k.bak' WITH INIT, CHECKSUM"));
     CHECK(ServerRestoreAdvice("DSN=office;DATABASE=rovanta", "a.bak")
               .ends_with("\n  RESTORE DATABASE [rovanta] FROM DISK = N'a.bak' WITH REPLACE"));
+    CHECK(ServerBackupAdvice("DSN=rovanta; Database = {My Db};PWD={;Database=no}", "a.bak")
+              .ends_with("\n  BACKUP DATABASE [My Db] TO DISK = N'a.bak' WITH INIT, CHECKSUM"));
+    CHECK(
+        ServerBackupAdvice("DSN=rovanta;UID=office", "a.bak")
+            .ends_with("\n  BACKUP DATABASE <the database of the DSN rovanta> TO DISK = N'a.bak' WITH INIT, CHECKSUM"));
 
     const Office office;
     std::string config = ContentOf(office.ConfigPath());
