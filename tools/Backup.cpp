@@ -50,7 +50,7 @@ void TakeAccess(const NewSqliteFile& draft, const std::string& database)
     const bool given = chown(draft.Path().c_str(), like.st_uid, like.st_gid) == 0;
     if (there && !given)
         throw RunTimeError("The database file '" + database +
-                           "' belongs to another user: restore it as that user, or as root.");
+                           "' belongs to another user or group: restore it as root.");
     chmod(draft.Path().c_str(), like.st_mode & readAndWrite);
 }
 
