@@ -40,6 +40,9 @@ void RefuseWhatIsNoFile(const std::string& path)
 void CreateSqliteFile(const std::string& path)
 {
     RefuseWhatExists(path);
+    const std::filesystem::path folder = std::filesystem::absolute(path).parent_path();
+    if (std::error_code unknown; !std::filesystem::is_directory(folder, unknown))
+        throw DatabaseError("The folder '" + folder.string() + "' for the database file does not exist.");
     SqliteSession(path, SqliteSession::File::MayBeMade).RunOnFile("PRAGMA journal_mode = WAL");
 }
 
