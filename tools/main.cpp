@@ -73,6 +73,8 @@ static void Copy(const CommandLine& line)
     }
     for (const std::string& view : report.viewsLeft)
         std::cout << "The view " << view << " was not copied.\n";
+    for (const std::string& table : report.tablesGone)
+        std::cout << "The table " << table << " was dropped meanwhile.\n";
     std::cout << "Copied " << rows << " rows of " << report.tables.size()
               << " tables; counts and sums agree on both sides.\n";
 }

@@ -4,6 +4,7 @@
 #include "frame/SecondCopyGuard.h"
 #include "frame/frmLogin.h"
 #include "store/Schema.h"
+#include "values/Numbers.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -63,10 +64,10 @@ bool App::HasPermission(std::string_view name)
 {
     if (session.CurrentUserType == "Admin")
         return true;
-    std::int64_t permission = 0;
+    int permission = 0;
     Recordset found(Statement{"SELECT ID FROM Permission WHERE Name = '"} + Text(name) + "'", AppConnection);
     if (!found.Eof())
-        permission = static_cast<std::int64_t>(found.Fields("ID").Number());
+        permission = CInt(found.Fields("ID").Number());
     found.Open(Statement{"SELECT * FROM UserPermission WHERE UserID = "} + Key(session.CurrentUserID) +
                    " AND PermissionID = " + Key(permission),
                AppConnection);

@@ -1,6 +1,7 @@
 #include "store/ConnectionText.h"
 
 #include "store/DatabaseError.h"
+#include "store/OdbcText.h"
 #include "values/Text.h"
 
 namespace rovanta {
@@ -44,9 +45,8 @@ EngineKind ChooseEngine(const std::string& connectionText)
     if (BeginsAsPostgres(connectionText))
         throw DatabaseError(
             "The connection text of a PostgreSQL server begins with 'postgresql://', with both slashes.");
-    // An ODBC text may name its driver anywhere among its words.
-    const std::string text = ";" + LowerCase(connectionText);
-    if (text.find(";driver=") != std::string::npos || text.find(";dsn=") != std::string::npos)
+    const OdbcText text(connectionText);
+    if (text.Has("Driver") || text.Has("DSN"))
         return EngineKind::SqlServer;
     throw DatabaseError("The connection text begins with '" + connectionText.substr(0, connectionText.find('=')) +
                         "=' and names neither 'Driver=' nor 'DSN=': an ODBC text needs one of them.");

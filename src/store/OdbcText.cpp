@@ -3,6 +3,7 @@
 #include "store/DatabaseError.h"
 #include "values/Text.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace rovanta {
@@ -13,6 +14,7 @@ namespace {
 std::string TakeValue(std::string_view text, std::size_t& at)
 {
     std::string value;
+    at = std::min(text.find_first_not_of(' ', at), text.size());
     if (at < text.size() && text[at] == '{') {
         for (++at; at < text.size(); ++at) {
             if (text[at] == '}' && (++at >= text.size() || text[at] != '}'))
@@ -55,6 +57,11 @@ OdbcText::OdbcText(std::string_view text)
         at = equals + 1;
         pairs.emplace_back(std::move(key), TakeValue(text, at));
     }
+}
+
+bool OdbcText::Has(std::string_view key) const
+{
+    return std::any_of(pairs.begin(), pairs.end(), [&](const auto& pair) { return EqualNoCase(pair.first, key); });
 }
 
 std::string OdbcText::Get(std::string_view key) const

@@ -13,6 +13,7 @@ class OdbcText {
 public:
     explicit OdbcText(std::string_view text);
 
+    bool Has(std::string_view key) const;
     /// The value of that key without regard to case; empty when there is none.
     std::string Get(std::string_view key) const;
     /// A number of seconds under that key, between 1 and `most`, and `most` when there is none. Throws DatabaseError

@@ -13,13 +13,6 @@ namespace rovanta {
 
 using namespace std::chrono_literals;
 
-static void RefuseWhatExists(const std::string& path)
-{
-    std::error_code unknown;
-    if (std::filesystem::exists(path, unknown))
-        throw DatabaseError("The file '" + path + "' exists already.");
-}
-
 void RefuseWhatIsNoFile(const std::string& path)
 {
     std::error_code unknown;
@@ -37,24 +30,14 @@ void RefuseWhatIsNoFile(const std::string& path)
                             "' cannot be written: " + std::generic_category().message(errno));
 }
 
-void CreateSqliteFile(const std::string& path)
-{
-    RefuseWhatExists(path);
-    const std::filesystem::path folder = std::filesystem::absolute(path).parent_path();
-    if (std::error_code unknown; !std::filesystem::is_directory(folder, unknown))
-        throw DatabaseError("The folder '" + folder.string() + "' for the database file does not exist.");
-    SqliteSession(path, SqliteSession::File::MayBeMade).RunOnFile("PRAGMA journal_mode = WAL");
-}
-
-void CopySqliteFile(const std::string& path, const std::string& copy)
+void CopySqliteFile(const std::string& path, const NewSqliteFile& copy)
 {
     RefuseWhatIsNoFile(path);
-    RefuseWhatExists(copy);
-    SqliteSession source(path, SqliteSession::File::MustExist);
+    SqliteSession source(path);
     source.WaitFor(60s);
-    // Whether it is a database at all is seen before anything is made.
+    // Whether it is a database at all is seen before anything is copied.
     source.AnswerOfFile("PRAGMA user_version");
-    SqliteSession target(copy, SqliteSession::File::MayBeMade);
+    SqliteSession target(copy.Path());
     source.CopyTo(target);
     // Without a log beside it the copy is one file that can be carried away.
     target.RunOnFile("PRAGMA journal_mode = DELETE");
@@ -66,7 +49,7 @@ void CopySqliteFile(const std::string& path, const std::string& copy)
 
 void WithSqliteFileAlone(const std::string& path, const std::function<void()>& work)
 {
-    SqliteSession session(path, SqliteSession::File::MustExist);
+    SqliteSession session(path);
     session.WaitFor(1s);
     try {
         // Only who is alone with the file can end its log; the lock that this takes stays until the work is done.

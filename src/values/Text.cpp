@@ -5,9 +5,16 @@
 
 namespace rovanta {
 
-static char LowerCase(char c)
+/// The byte at that place in lower case: a letter of ASCII, or the second byte of an accented letter of Latin-1.
+static char LowerCaseAt(std::string_view text, std::size_t at)
 {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    const char c = text[at];
+    if (c >= 'A' && c <= 'Z')
+        return static_cast<char>(c - 'A' + 'a');
+    const bool latin1 = at > 0 && text[at - 1] == '\xC3';
+    const auto byte = static_cast<unsigned char>(c);
+    constexpr unsigned char multiplicationSign = 0x97;
+    return latin1 && byte >= 0x80 && byte <= 0x9E && byte != multiplicationSign ? static_cast<char>(byte + 0x20) : c;
 }
 
 std::string Trim(std::string_view text)
@@ -22,14 +29,19 @@ std::string Trim(std::string_view text)
 std::string LowerCase(std::string_view text)
 {
     std::string lower(text);
-    std::transform(lower.begin(), lower.end(), lower.begin(), [](char c) { return LowerCase(c); });
+    for (std::size_t i = 0; i < text.size(); ++i)
+        lower[i] = LowerCaseAt(text, i);
     return lower;
 }
 
 bool EqualNoCase(std::string_view a, std::string_view b)
 {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return LowerCase(x) == LowerCase(y); });
+    if (a.size() != b.size())
+        return false;
+    for (std::size_t i = 0; i < a.size(); ++i)
+        if (LowerCaseAt(a, i) != LowerCaseAt(b, i))
+            return false;
+    return true;
 }
 
 bool StartsWithNoCase(std::string_view text, std::string_view head)

@@ -12,10 +12,10 @@ inline constexpr std::string_view lineBreak = "\r\n";
 /// `text` without the blanks at both ends, as the language's Trim: blanks only, no tabs.
 std::string Trim(std::string_view text);
 
-/// ASCII letters in lower case; other bytes as they stand.
+/// Letters of ASCII and Latin-1 in lower case; other characters as they stand.
 std::string LowerCase(std::string_view text);
 
-/// Whether two texts are equal without regard to the case of ASCII letters.
+/// Whether two texts are equal without regard to the case of letters, as LowerCase tells it.
 bool EqualNoCase(std::string_view a, std::string_view b);
 
 /// Whether `text` begins with `head`, without regard to case.

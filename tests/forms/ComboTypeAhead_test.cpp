@@ -46,6 +46,15 @@ TEST_CASE("Letters typed in time are gathered and find the first entry that begi
     CHECK(office.log.Take() == "Birch Blue Comet Blue Harbor");
 }
 
+TEST_CASE("An accented letter finds its capital")
+{
+    Office office;
+    office.first.AddItem("Édith");
+    CHECK(office.Press(office.first, "é", 100) == "Édith");
+    CHECK(office.Press(office.first, "D", 100.5) == "Édith");
+    CHECK(office.Press(office.first, "x", 101) == "Édith");
+}
+
 TEST_CASE("A key after the delay begins a new search; the delay itself is too long already")
 {
     Office office;

@@ -100,7 +100,7 @@ TEST_CASE("An existing file is not made again, nor one in a folder that does not
 {
     TestOffice office;
     CHECK_THROWS_WITH_AS(CreateDatabaseFile("/no/such/office.db"),
-                         "The folder '/no/such' for the database file does not exist.", DatabaseError);
+                         "The file '/no/such/office.db' cannot be made: No such file or directory", DatabaseError);
     CHECK_THROWS_AS(CreateDatabaseFile(office.File()), DatabaseError);
     CHECK_THROWS_AS(CreateSchema(office.connection), DatabaseError);
     CHECK(office.Open("SELECT * FROM Tour").Eof());

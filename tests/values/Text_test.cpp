@@ -15,7 +15,11 @@ TEST_CASE("Trim takes blanks off both ends and nothing else")
 TEST_CASE("Case counts for nothing among ASCII letters alone")
 {
     CHECK(LowerCase("ABC xyz 1") == "abc xyz 1");
-    CHECK(LowerCase("\xC3\x84") == "\xC3\x84");
+    CHECK(LowerCase("ÀÉÞ ×÷ ßÿ Ł") == "àéþ ×÷ ßÿ Ł");
+    CHECK(EqualNoCase("ÉDITH", "édith"));
+    CHECK_FALSE(EqualNoCase("édith", "edith"));
+    CHECK_FALSE(EqualNoCase("×", "÷"));
+    CHECK(StartsWithNoCase("Édith", "éD"));
     CHECK(EqualNoCase("Tour", "tOUR"));
     CHECK_FALSE(EqualNoCase("Tour", "Tours"));
     CHECK_FALSE(EqualNoCase("[", "{"));
