@@ -13,7 +13,6 @@
 #include <array>
 #include <cerrno>
 #include <fstream>
-#include <ranges>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -40,8 +39,10 @@ public:
     ~MadeThings()
     {
         std::error_code ignored;
-        for (const auto& [path, content] : things | std::views::reverse)
+        for (; !things.empty(); things.pop_back()) {
+            const auto& [path, content] = things.back();
             content == Content::Ours ? fs::remove_all(path, ignored) : fs::remove(path, ignored);
+        }
     }
 
     enum class Content { Ours, Anybodys };
