@@ -3,42 +3,21 @@
 #include "frame/Configuration.h"
 #include "store/Connection.h"
 #include "store/DatabaseError.h"
+#include "store/OdbcText.h"
 #include "store/PostgresText.h"
 #include "store/Recordset.h"
+#include "store/SqlServerText.h"
 #include "store/SqliteFile.h"
 #include "values/Text.h"
 
-#include <array>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace rovanta {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-constexpr std::array companions = {"-wal", "-shm", "-journal"};
-
-/// A database file under way to its place, gone again unless it gets there.
-class Draft {
-public:
-    explicit Draft(std::string path) : path(std::move(path)) { Remove(); }
-    ~Draft() { Remove(); }
-    Draft(const Draft&) = delete;
-    Draft& operator=(const Draft&) = delete;
-
-    void MoveTo(const std::string& place) const { fs::rename(path, place); }
-
-    const std::string path;
-
-private:
-    void Remove() const
-    {
-        std::error_code ignored;
-        fs::remove(path, ignored);
-        for (const char* companion : companions)
-            fs::remove(path + companion, ignored);
-    }
-};
 
 std::string OfficeConnection(const fs::path& folder)
 {
@@ -51,31 +30,28 @@ std::string ShellWord(const std::string& word)
     return "'" + Replace(word, "'", "'\\''") + "'";
 }
 
-/// The database that an ODBC text names; the DSN may be the one that knows.
-std::string OdbcDatabase(const std::string& connectionText)
+/// The database as a statement of its server names it; where the DSN alone knows it, plainly none that could be run.
+std::string DatabaseOnSqlServer(const std::string& connectionText)
 {
-    const std::string text = ";" + LowerCase(connectionText);
-    const auto at = text.find(";database=");
-    if (at == std::string::npos)
-        return "the DSN's database";
-    const auto from = at + std::string("database=").size();
-    std::string name = connectionText.substr(from, connectionText.find(';', from) - from);
-    if (name.starts_with('{') && name.ends_with('}'))
-        name = name.substr(1, name.size() - 2);
-    return name;
+    const OdbcText text(connectionText);
+    const std::string name = text.Get("Database");
+    return name.empty() ? "<the database of the DSN " + text.Get("DSN") + ">" : SqlServerName(name);
 }
 
-std::string SqlServerName(const std::string& connectionText)
+/// Gives the draft the owner and the rights of the file that it replaces, before anything is in it. Who may write in
+/// the folder of one that is lost may write the new one.
+void TakeAccess(const NewSqliteFile& draft, const std::string& database)
 {
-    return "[" + Replace(OdbcDatabase(connectionText), "]", "]]") + "]";
-}
-
-std::string FreeName(const std::string& path)
-{
-    std::string name = path;
-    for (int number = 2; fs::exists(name); ++number)
-        name = path + std::to_string(number);
-    return name;
+    struct stat like {};
+    constexpr mode_t readAndWrite = 0666;
+    const bool there = stat(database.c_str(), &like) == 0;
+    if (!there && stat(fs::absolute(database).parent_path().c_str(), &like) != 0)
+        return;
+    const bool given = chown(draft.Path().c_str(), like.st_uid, like.st_gid) == 0;
+    if (there && !given)
+        throw RunTimeError("The database file '" + database +
+                           "' belongs to another user or group: restore it as root.");
+    chmod(draft.Path().c_str(), like.st_mode & readAndWrite);
 }
 
 void RefuseNoOffice(const std::string& draft, const std::string& backup)
@@ -91,18 +67,16 @@ void RefuseNoOffice(const std::string& draft, const std::string& backup)
 }
 
 /// Puts the draft in the place of the database and leaves the replaced file beside it.
-void PutInPlace(const std::string& database, const Draft& draft, const std::string& kept)
+void PutInPlace(const std::string& database, NewSqliteFile& draft, const std::string& kept)
 {
     // What a damaged file has beside it belongs to that file and to no other.
-    for (const char* companion : companions)
-        if (fs::exists(database + companion))
-            fs::rename(database + companion, kept + companion);
+    MoveSqliteCompanions(database, kept);
     // With two names for the old file there is a database at every moment.
     std::error_code noLinks;
     fs::create_hard_link(database, kept, noLinks);
     if (noLinks)
         fs::rename(database, kept);
-    draft.MoveTo(database);
+    draft.Replace(database);
 }
 
 }
@@ -114,8 +88,12 @@ std::uintmax_t BackUpOffice(const fs::path& folder, const std::string& backup)
         throw RunTimeError(ServerBackupAdvice(connection, backup));
     if (fs::exists(backup))
         throw RunTimeError("The file '" + backup + "' exists already.");
-    const Draft draft(backup + ".part");
-    CopySqliteFile(DatabaseFile(connection), draft.path);
+    const std::string database = DatabaseFile(connection);
+    NewSqliteFile draft(FreeSqliteName(backup + ".part"));
+    // Whoever may not read the database may not read its backup.
+    std::error_code unknown;
+    fs::permissions(draft.Path(), fs::status(database, unknown).permissions() & fs::perms(0666), unknown);
+    CopySqliteFile(database, draft);
     draft.MoveTo(backup);
     return fs::file_size(backup);
 }
@@ -126,14 +104,15 @@ std::string RestoreOffice(const fs::path& folder, const std::string& backup)
     if (ChooseEngine(connection) != EngineKind::Sqlite)
         throw RunTimeError(ServerRestoreAdvice(connection, backup));
     const std::string database = DatabaseFile(connection);
-    const Draft draft(database + ".part");
-    CopySqliteFile(backup, draft.path);
-    RefuseNoOffice(draft.path, backup);
+    NewSqliteFile draft(FreeSqliteName(database + ".part"));
+    TakeAccess(draft, database);
+    CopySqliteFile(backup, draft);
+    RefuseNoOffice(draft.Path(), backup);
     if (!fs::exists(database)) {
         draft.MoveTo(database);
         return {};
     }
-    std::string kept = FreeName(database + ".replaced");
+    std::string kept = FreeSqliteName(database + ".replaced");
     try {
         WithSqliteFileAlone(database, [&] { PutInPlace(database, draft, kept); });
     } catch (const DatabaseError& error) {
@@ -150,7 +129,7 @@ std::string ServerBackupAdvice(const std::string& connectionText, const std::str
                ShellWord(file) + " " + ShellWord(PostgresText(connectionText).WithoutPassword());
     return "The office lies on a SQL Server. The server itself saves it, to a file of its own machine, while it is in "
            "use:\n  BACKUP DATABASE " +
-           SqlServerName(connectionText) + " TO DISK = N'" + Replace(file, "'", "''") + "' WITH INIT, CHECKSUM";
+           DatabaseOnSqlServer(connectionText) + " TO DISK = N'" + Replace(file, "'", "''") + "' WITH INIT, CHECKSUM";
 }
 
 std::string ServerRestoreAdvice(const std::string& connectionText, const std::string& file)
@@ -161,7 +140,7 @@ std::string ServerRestoreAdvice(const std::string& connectionText, const std::st
                ShellWord(PostgresText(connectionText).WithoutPassword()) + " " + ShellWord(file);
     return "The office lies on a SQL Server. When it is closed on every desk, the server itself puts the file back:\n"
            "  RESTORE DATABASE " +
-           SqlServerName(connectionText) + " FROM DISK = N'" + Replace(file, "'", "''") + "' WITH REPLACE";
+           DatabaseOnSqlServer(connectionText) + " FROM DISK = N'" + Replace(file, "'", "''") + "' WITH REPLACE";
 }
 
 }

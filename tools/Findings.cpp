@@ -23,10 +23,16 @@ std::string Shown(Units units)
     return Format(static_cast<double>(units) / 10'000, moneyPicture);
 }
 
-bool Differ(Units left, Units right)
+std::string Shown(const std::optional<double>& money)
+{
+    return money ? Shown(UnitsOf(*money)) : "NULL";
+}
+
+/// A head without a figure agrees with nothing: what the screens add to it stays NULL for good.
+bool Differ(const std::optional<double>& told, Units sum)
 {
     constexpr Units halfACent = 50;
-    return std::abs(left - right) >= halfACent;
+    return !told || std::abs(UnitsOf(*told) - sum) >= halfACent;
 }
 
 std::map<std::int64_t, Units> SumsByInvoice(const std::vector<InvoiceAmount>& amounts)
@@ -61,14 +67,15 @@ std::vector<std::string> HeadsThatDiffer(const std::vector<InvoiceHead>& heads, 
     std::vector<std::string> found;
     for (const InvoiceHead& head : heads) {
         const Units sum = SumOf(sums, head.id);
-        const Units sumWithTax = sum + UnitsOf(head.tax);
+        const Units sumWithTax = sum + UnitsOf(head.tax.value_or(0));
         const std::string invoice = "invoice " + std::to_string(head.id);
-        if (Differ(UnitsOf(head.subTotal), sum))
-            found.push_back(invoice + ": SubTotal is " + Shown(UnitsOf(head.subTotal)) + ", its lines come to " +
-                            Shown(sum));
-        if (Differ(UnitsOf(head.total), sumWithTax))
-            found.push_back(invoice + ": InvoiceTotal is " + Shown(UnitsOf(head.total)) +
-                            ", its lines and the tax come to " + Shown(sumWithTax));
+        if (Differ(head.subTotal, sum))
+            found.push_back(invoice + ": SubTotal is " + Shown(head.subTotal) + ", its lines come to " + Shown(sum));
+        if (!head.tax)
+            found.push_back(invoice + ": Tax is NULL");
+        if (Differ(head.total, sumWithTax))
+            found.push_back(invoice + ": InvoiceTotal is " + Shown(head.total) + ", its lines and the tax come to " +
+                            Shown(sumWithTax));
     }
     return found;
 }
@@ -80,8 +87,8 @@ std::vector<std::string> PaidThatDiffers(const std::vector<InvoiceHead>& heads,
     std::vector<std::string> found;
     for (const InvoiceHead& head : heads) {
         const Units sum = SumOf(sums, head.id);
-        if (Differ(UnitsOf(head.paid), sum))
-            found.push_back("invoice " + std::to_string(head.id) + ": Paid is " + Shown(UnitsOf(head.paid)) +
+        if (Differ(head.paid, sum))
+            found.push_back("invoice " + std::to_string(head.id) + ": Paid is " + Shown(head.paid) +
                             ", its payments come to " + Shown(sum));
     }
     return found;

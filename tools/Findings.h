@@ -21,13 +21,13 @@ struct OwnedRow {
     std::string words; ///< what a person finds it by
 };
 
-/// An invoice as its head tells it, in dollars.
+/// An invoice as its head tells it, in dollars; nothing where the column is NULL.
 struct InvoiceHead {
     std::int64_t id = 0;
-    double subTotal = 0;
-    double tax = 0;
-    double total = 0;
-    double paid = 0;
+    std::optional<double> subTotal;
+    std::optional<double> tax;
+    std::optional<double> total;
+    std::optional<double> paid;
 };
 
 /// What a line or a payment adds to an invoice, in dollars.
@@ -46,11 +46,11 @@ struct PromisedFile {
 std::vector<std::string> RowsWithoutOwner(const std::vector<OwnedRow>& rows, const std::set<std::int64_t>& owners);
 
 /// The heads whose `SubTotal` is another than the sum of the lines, or whose `InvoiceTotal` is another than that sum
-/// and the tax: by half a cent or more.
+/// and the tax: by half a cent or more. A NULL is another one than any sum, and so is a NULL tax.
 std::vector<std::string> HeadsThatDiffer(const std::vector<InvoiceHead>& heads,
                                          const std::vector<InvoiceAmount>& lines);
 
-/// The heads whose `Paid` is another than the sum of their payments, by half a cent or more.
+/// The heads whose `Paid` is another than the sum of their payments, by half a cent or more, or NULL.
 std::vector<std::string> PaidThatDiffers(const std::vector<InvoiceHead>& heads,
                                          const std::vector<InvoiceAmount>& payments);
 

@@ -1,52 +1,14 @@
 #include "tools/OfficeCheck.h"
 
 #include "store/Recordset.h"
+#include "tools/TravellingTexts.h"
 #include "values/Format.h"
 
-#include <array>
 #include <filesystem>
 
 namespace rovanta {
 
 namespace {
-
-/// A column whose text travels between two apostrophes into a statement of the program.
-struct TravellingText {
-    const char* table;
-    const char* column;
-    const char* key;
-    const char* secondKey; ///< null where one key is enough
-};
-
-constexpr std::array travellingTexts = {
-    // A customer's and a tour's name: the renamed jobs, the accounting link, the statements, the web rights.
-    TravellingText{"Customer", "Name", "ID", nullptr},
-    TravellingText{"Tour", "TourName", "ID", nullptr},
-    TravellingText{"WebUserCustomers", "CustomerName", "UserID", nullptr},
-    // A bill writes these into the descriptions of its lines.
-    TravellingText{"Bus", "Name", "ID", nullptr},
-    TravellingText{"Bus", "Type", "ID", nullptr},
-    TravellingText{"Driver", "Name", "ID", nullptr},
-    TravellingText{"TourItems", "MiscDesc", "TourID", "ID"},
-    TravellingText{"TourItems", "Misc2Desc", "TourID", "ID"},
-    TravellingText{"TourItems", "Misc3Desc", "TourID", "ID"},
-    TravellingText{"TourItems", "Misc4Desc", "TourID", "ID"},
-    // A manual invoice that is saved again writes all its lines anew.
-    TravellingText{"InvoiceItems", "UoM", "InvoiceID", "Row"},
-    TravellingText{"InvoiceItems", "Description", "InvoiceID", "Row"},
-    TravellingText{"InvoiceItems", "Other", "InvoiceID", "Row"},
-    TravellingText{"InvoiceItems", "BusType", "InvoiceID", "Row"},
-    TravellingText{"InvoiceItems", "Acct", "InvoiceID", "Row"},
-    // What is deleted here and known to the accounting is noted with the accounting's own number.
-    TravellingText{"Invoice", "QBID", "ID", nullptr},
-    TravellingText{"Invoice", "GJQBID", "ID", nullptr},
-    TravellingText{"InvoicePayments", "QBID", "ID", nullptr},
-    // The sign-in, the types of tasks, the mail at a tour's end.
-    TravellingText{"User", "Username", "ID", nullptr},
-    TravellingText{"User", "Password", "ID", nullptr},
-    TravellingText{"TaskType", "TaskType", "TaskType", nullptr},
-    TravellingText{"TourDropEmails", "EmailTo", "ID", nullptr},
-};
 
 std::optional<std::int64_t> KeyOf(const Field& field)
 {
@@ -58,6 +20,11 @@ std::optional<std::int64_t> KeyOf(const Field& field)
 std::string Shown(const Field& field)
 {
     return field.IsNull() ? "NULL" : field.Text();
+}
+
+std::optional<double> Amount(const Field& field)
+{
+    return field.IsNull() ? std::nullopt : std::optional(field.Number());
 }
 
 std::string Money(const Field& field)
@@ -89,8 +56,8 @@ std::vector<InvoiceHead> InvoiceHeads(Connection& connection)
     std::vector<InvoiceHead> heads;
     for (Recordset row("SELECT ID,SubTotal,Tax,InvoiceTotal,Paid FROM Invoice ORDER BY ID", connection); !row.Eof();
          row.MoveNext())
-        heads.push_back({static_cast<std::int64_t>(row.FieldAt(0).Number()), row.FieldAt(1).NumberOrZero(),
-                         row.FieldAt(2).NumberOrZero(), row.FieldAt(3).NumberOrZero(), row.FieldAt(4).NumberOrZero()});
+        heads.push_back({static_cast<std::int64_t>(row.FieldAt(0).Number()), Amount(row.FieldAt(1)),
+                         Amount(row.FieldAt(2)), Amount(row.FieldAt(3)), Amount(row.FieldAt(4))});
     return heads;
 }
 
@@ -142,34 +109,6 @@ bool FileStands(const std::string& path)
     return std::filesystem::is_regular_file(path, unknown);
 }
 
-void AddBreakingTexts(Connection& connection, const TravellingText& place, std::vector<std::string>& lines)
-{
-    const char* second = place.secondKey != nullptr ? place.secondKey : place.key;
-    Recordset row(Statement{"SELECT ["} + Name(place.key) + "] AS FirstKey,[" + Name(second) + "] AS SecondKey,[" +
-                      Name(place.column) + "] AS Content FROM [" + Name(place.table) + "] WHERE [" +
-                      Name(place.column) + "] LIKE '%''%' ORDER BY [" + Name(place.key) + "]",
-                  connection);
-    const std::string column = place.column;
-    for (; !row.Eof(); row.MoveNext()) {
-        std::string line = std::string(place.table) + " " + Shown(row.Fields("FirstKey"));
-        if (place.secondKey != nullptr)
-            line += ", " + std::string(place.secondKey) + " " + Shown(row.Fields("SecondKey"));
-        line += ": " + column;
-        // A password is nobody's to read.
-        if (column != "Password")
-            line += " \"" + row.Fields("Content").Text() + "\"";
-        lines.push_back(line);
-    }
-}
-
-std::vector<std::string> BreakingTexts(Connection& connection)
-{
-    std::vector<std::string> lines;
-    for (const TravellingText& place : travellingTexts)
-        AddBreakingTexts(connection, place, lines);
-    return lines;
-}
-
 }
 
 std::vector<FindingGroup> CheckOffice(Connection& connection, const Configuration& configuration)
@@ -192,7 +131,7 @@ std::vector<FindingGroup> CheckOffice(Connection& connection, const Configuratio
             {"Invoices whose Paid differs from their payments", PaidThatDiffers(heads, payments.amounts)},
             {"Documents whose file is missing", MissingFiles(documents, FileStands)},
             {"Pictures whose file is missing", MissingFiles(pictures, FileStands)},
-            {"Texts whose apostrophe breaks a statement", BreakingTexts(connection)}};
+            {"Texts whose apostrophe breaks a statement", TextsThatBreak(connection)}};
 }
 
 }

@@ -3,7 +3,9 @@
 #include "store/Connection.h"
 #include "store/DatabaseError.h"
 #include "store/Engine.h"
+#include "store/NewSqliteFile.h"
 #include "store/Schema.h"
+#include "store/Transaction.h"
 
 #include <algorithm>
 #include <array>
@@ -14,36 +16,6 @@
 namespace rovanta {
 
 namespace {
-
-namespace fs = std::filesystem;
-
-/// A database file that this run makes, gone again unless the copy comes to stand.
-class MadeFile {
-public:
-    MadeFile() = default;
-    ~MadeFile()
-    {
-        std::error_code ignored;
-        if (!path.empty())
-            for (const char* companion : {"", "-wal", "-shm", "-journal"})
-                fs::remove(path + companion, ignored);
-    }
-    MadeFile(const MadeFile&) = delete;
-    MadeFile& operator=(const MadeFile&) = delete;
-
-    /// Makes the file that the connection text names, where it names one that is not there.
-    void MakeFor(const std::string& text)
-    {
-        if (ChooseEngine(text) != EngineKind::Sqlite || fs::exists(DatabaseFile(text)))
-            return;
-        CreateDatabaseFile(text);
-        path = DatabaseFile(text);
-    }
-    void Keep() { path.clear(); }
-
-private:
-    std::string path;
-};
 
 Statement Bracketed(const std::string& name)
 {
@@ -145,7 +117,33 @@ void CopyRows(Connection& source, Connection& target, const TableInfo& table)
     }
 }
 
-void CopyTable(Connection& source, Connection& target, const TableInfo& table)
+/// A value that a column takes which must have one.
+Statement Filler(const ColumnInfo& column)
+{
+    if (column.type.kind == TypeKind::Varchar)
+        return "''";
+    return column.type.kind == TypeKind::DateTime ? Statement{"'1/1/1990'"} : Statement{"0"};
+}
+
+/// A row that had this number and is gone makes the table go on numbering behind it, on every engine.
+void UseUpNumber(Connection& target, const TableInfo& table, std::int64_t number)
+{
+    const Statement identity = Bracketed(table.Identity()->name);
+    Statement columns = identity;
+    Statement contents = Statement{} + Key(number);
+    for (const ColumnInfo& column : table.columns) {
+        if (column.nullable || column.identity)
+            continue;
+        columns += Statement{","} + Bracketed(column.name);
+        contents += Statement{","} + Filler(column);
+    }
+    const Statement name = Bracketed(table.name);
+    target.Execute(Statement{"INSERT INTO "} + name + " (" + columns + ") VALUES (" + contents + ")");
+    target.Execute(Statement{"DELETE FROM "} + name + " WHERE " + identity + "=" + Key(number));
+}
+
+void CopyTable(Connection& source, Connection& target, const TableInfo& table,
+               const std::optional<std::int64_t>& lastNumber)
 {
     TablePointer made = target.GetEngine().Tables().Find(table.name);
     if (!made) {
@@ -157,6 +155,8 @@ void CopyTable(Connection& source, Connection& target, const TableInfo& table)
     if (numbered)
         target.Execute(Statement{"SET IDENTITY_INSERT "} + Bracketed(table.name) + " ON");
     CopyRows(source, target, table);
+    if (numbered && lastNumber && target.GetEngine().LastNumber(*made) < *lastNumber)
+        UseUpNumber(target, *made, *lastNumber);
     if (numbered)
         target.Execute(Statement{"SET IDENTITY_INSERT "} + Bracketed(table.name) + " OFF");
 }
@@ -171,6 +171,9 @@ TableSum SumOf(Connection& connection, const TableInfo& table)
     }
     const RowSet answer = connection.GetEngine().Query((select + " FROM " + Bracketed(table.name)).Get());
     TableSum sum{table.name, static_cast<std::int64_t>(answer.cells[0].Number()), {}};
+    const TablePointer own = connection.GetEngine().Tables().Find(table.name);
+    if (own && own->Identity() != nullptr)
+        sum.lastNumber = connection.GetEngine().LastNumber(*own);
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
         const Value& value = answer.cells[i + 1];
         sum.columns.emplace_back(table.columns[i].name, value.IsNull() ? 0 : value.Number());
@@ -178,12 +181,21 @@ TableSum SumOf(Connection& connection, const TableInfo& table)
     return sum;
 }
 
+/// A server shows a table that has been dropped to nobody, not even to who looks at an earlier moment.
+bool IsGone(const std::string& from, const std::string& table)
+{
+    Connection now;
+    now.Open(from);
+    return !now.GetEngine().Tables().Find(table);
+}
+
 TableSum CopyAndCompare(Connection& source, Connection& target, const TableInfo& table)
 {
     try {
-        CopyTable(source, target, table);
+        const TableSum original = SumOf(source, table);
+        CopyTable(source, target, table, original.lastNumber);
         TableSum copied = SumOf(target, table);
-        const std::vector<std::string> differences = Differences(SumOf(source, table), copied);
+        const std::vector<std::string> differences = Differences(original, copied);
         if (!differences.empty())
             throw RunTimeError(differences.front());
         return copied;
@@ -200,6 +212,9 @@ std::vector<std::string> Differences(const TableSum& original, const TableSum& c
     if (original.rows != copy.rows)
         found.push_back("it has " + std::to_string(original.rows) + " rows, its copy " + std::to_string(copy.rows) +
                         ".");
+    if (original.lastNumber && copy.lastNumber && *original.lastNumber != *copy.lastNumber)
+        found.push_back("its numbers go up to " + std::to_string(*original.lastNumber) + ", in the copy up to " +
+                        std::to_string(*copy.lastNumber) + ".");
     for (std::size_t i = 0; i < original.columns.size(); ++i) {
         const auto& [column, sum] = original.columns[i];
         const double copied = copy.columns[i].second;
@@ -217,28 +232,38 @@ CopyReport CopyOffice(const std::string& from, const std::string& to)
     ChooseEngine(to);
     Connection source;
     source.Open(from);
+    const Transaction oneMoment(source, Transaction::Sees::OneMoment);
     const std::vector<TableInfo> tables = ListTables(source);
     RefuseNoOffice(tables);
 
-    MadeFile made;
-    made.MakeFor(to);
+    std::optional<NewSqliteFile> made;
+    if (ChooseEngine(to) == EngineKind::Sqlite && !std::filesystem::exists(DatabaseFile(to)))
+        made.emplace(DatabaseFile(to));
     Connection target;
     target.Open(to);
     RefuseFilled(target);
 
     CopyReport report;
-    // The desks of the source wait with their saves, and of the target nothing stays before all of it is right.
-    source.Execute("BEGIN TRANSACTION");
-    target.Execute("BEGIN TRANSACTION");
+    // Nothing stays in the target before all of it is right.
+    Transaction whole(target);
     AddSchema(target);
     for (const TableInfo& table : tables) {
-        if (table.kind == TableKind::Table)
-            report.tables.push_back(CopyAndCompare(source, target, table));
-        else if (!target.GetEngine().Tables().Find(table.name))
+        const bool own = target.GetEngine().Tables().Find(table.name) != nullptr;
+        if (table.kind == TableKind::View && !own)
             report.viewsLeft.push_back(table.name);
+        if (table.kind == TableKind::View)
+            continue;
+        try {
+            report.tables.push_back(CopyAndCompare(source, target, table));
+        } catch (const RunTimeError&) {
+            if (own || target.GetEngine().Tables().Find(table.name) || !IsGone(from, table.name))
+                throw;
+            report.tablesGone.push_back(table.name);
+        }
     }
-    target.Execute("COMMIT TRANSACTION");
-    made.Keep();
+    whole.Commit();
+    if (made)
+        made->Keep();
     return report;
 }
 

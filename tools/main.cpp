@@ -14,10 +14,14 @@ namespace rovanta {
 
 static std::string NewPassword(const CommandLine& line)
 {
-    if (line.password)
+    const bool fromInput = line.password == "-";
+    if (line.password && !fromInput)
         return *line.password;
+    if (fromInput && !HasTerminal())
+        return ReadSecret();
     if (!HasTerminal())
-        throw UsageError("There is no terminal to ask for the password of " + line.user + ": give --password.");
+        throw UsageError("There is no terminal to ask for the password of " + line.user +
+                         ": give --password - and a line with it at the standard input.");
     std::string password = AskSecret("Password of " + line.user + ": ");
     if (AskSecret("Once more: ") != password)
         throw RunTimeError("The two passwords differ.");
@@ -73,6 +77,8 @@ static void Copy(const CommandLine& line)
     }
     for (const std::string& view : report.viewsLeft)
         std::cout << "The view " << view << " was not copied.\n";
+    for (const std::string& table : report.tablesGone)
+        std::cout << "The table " << table << " was dropped meanwhile.\n";
     std::cout << "Copied " << rows << " rows of " << report.tables.size()
               << " tables; counts and sums agree on both sides.\n";
 }

@@ -2,17 +2,23 @@
 
 #include "frame/Clock.h"
 #include "store/DatabaseError.h"
+#include "store/Engine.h"
+#include "store/NewSqliteFile.h"
 #include "store/Recordset.h"
 #include "store/Schema.h"
+#include "store/Transaction.h"
 #include "values/Errors.h"
 #include "values/Text.h"
 
 #include <array>
+#include <cerrno>
 #include <fstream>
-#include <ranges>
 #include <system_error>
 #include <utility>
 #include <vector>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace rovanta {
 
@@ -23,7 +29,8 @@ namespace fs = std::filesystem;
 constexpr const char* configName = "config.txt";
 constexpr const char* databaseText = "sqlite:rovanta.db";
 
-/// What was made so far, taken away again unless the whole office comes to stand.
+/// What was made so far, taken away again unless the whole office comes to stand. Nothing that was there before or that
+/// somebody else makes meanwhile is among it.
 class MadeThings {
 public:
     MadeThings() = default;
@@ -32,29 +39,44 @@ public:
     ~MadeThings()
     {
         std::error_code ignored;
-        for (const fs::path& path : paths | std::views::reverse)
-            fs::remove_all(path, ignored);
+        for (; !things.empty(); things.pop_back()) {
+            const auto& [path, content] = things.back();
+            content == Content::Ours ? fs::remove_all(path, ignored) : fs::remove(path, ignored);
+        }
     }
 
-    /// Makes a folder and those above it that are missing.
-    void Folder(const fs::path& folder)
+    enum class Content { Ours, Anybodys };
+
+    /// Makes a folder and those above it that are missing. What lies in it goes with it only if it is ours.
+    void Folder(const fs::path& folder, Content content)
     {
         if (fs::is_directory(folder))
             return;
         if (folder.has_parent_path() && folder.parent_path() != folder)
-            Folder(folder.parent_path());
+            Folder(folder.parent_path(), Content::Anybodys);
         std::error_code failure;
-        fs::create_directory(folder, failure);
+        if (fs::create_directory(folder, failure))
+            things.emplace_back(folder, content);
         if (failure)
             throw RunTimeError("Cannot make the folder " + folder.string() + ": " + failure.message());
-        paths.push_back(folder);
     }
 
-    void File(const fs::path& file) { paths.push_back(file); }
-    void KeepAll() { paths.clear(); }
+    /// Makes an empty file, which must not be there.
+    void File(const fs::path& file, mode_t rights)
+    {
+        const int made = open(file.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, rights);
+        if (made < 0 && errno == EEXIST)
+            throw RunTimeError("Another office is being made here, or was left half-made: " + file.string());
+        if (made < 0)
+            throw RunTimeError("Cannot make " + file.string() + ": " + std::generic_category().message(errno));
+        close(made);
+        things.emplace_back(file, Content::Ours);
+    }
+
+    void KeepAll() { things.clear(); }
 
 private:
-    std::vector<fs::path> paths;
+    std::vector<std::pair<fs::path, Content>> things;
 };
 
 void Refuse(const fs::path& existing, const char* what)
@@ -121,14 +143,17 @@ void FillDatabase(const OfficePlan& plan, const Configuration& configuration)
     Connection connection;
     connection.Open(configuration.ConnectionString);
     // On a server as well nothing stays of an office that fails midway: the connection takes all of it back.
-    connection.Execute("BEGIN TRANSACTION");
+    if (connection.GetEngine().Tables().Find("Company"))
+        throw RunTimeError("The database holds an office already. For one more desk of it copy that office's "
+                           "config.txt, and let its folders be the same ones.");
+    Transaction transaction(connection);
     AddSchema(connection);
     for (const std::string& statement : ScriptStatements(LookupScript()))
         connection.Execute(Statement::Verbatim(statement));
     AddUser(connection, plan);
     if (plan.furnish)
         plan.furnish(connection, configuration);
-    connection.Execute("COMMIT TRANSACTION");
+    transaction.Commit();
 }
 
 }
@@ -142,32 +167,40 @@ void CreateOffice(const OfficePlan& plan)
     SignInText(plan.password, "password");
 
     MadeThings made;
-    made.Folder(folder);
-    // The file takes its name last of all: where there is a config.txt, there is a whole office.
+    made.Folder(folder, MadeThings::Content::Anybodys);
+    // The file takes its name last of all: where there is a config.txt, there is a whole office. Of two that make an
+    // office here at once, one alone can make the draft.
     const fs::path draftPath = folder / (std::string(configName) + ".new");
-    made.File(draftPath);
-    WriteConfigFile(draftPath, plan.connection.empty() ? databaseText : plan.connection);
+    const std::string connection = plan.connection.empty() ? databaseText : plan.connection;
+    constexpr mode_t forAll = 0644;
+    constexpr mode_t forItsGroup = 0640;
+    made.File(draftPath, HoldsPassword(connection) ? forItsGroup : forAll);
+    Refuse(configPath, "There is an office already: ");
+    WriteConfigFile(draftPath, connection);
     const Configuration configuration = ReadConfigFile(draftPath.string());
-    std::string file;
+    std::optional<NewSqliteFile> file;
     if (NamesFile(configuration.ConnectionString)) {
-        file = DatabaseFile(configuration.ConnectionString);
-        Refuse(file, "There is a database already: ");
-        for (const char* companion : {"", "-wal", "-shm", "-journal"})
-            made.File(file + companion);
-        CreateDatabaseFile(configuration.ConnectionString);
+        const std::string path = DatabaseFile(configuration.ConnectionString);
+        Refuse(path, "There is a database already: ");
+        file.emplace(path);
     }
     for (const std::string& needed :
          {configuration.BusImagePath, configuration.LeaseTemplatePath, configuration.DocumentPath})
-        made.Folder(fs::path(needed).parent_path());
+        made.Folder(fs::path(needed).parent_path(), MadeThings::Content::Ours);
     try {
         FillDatabase(plan, configuration);
     } catch (const DatabaseError& error) {
         // A connection text may hold a password; only a file's path is told.
-        throw DatabaseError("The database " + (file.empty() ? "" : file + " ") +
+        throw DatabaseError("The database " + (file ? file->Path() + " " : "") +
                             "could not be filled: " + std::string(error.what()));
     }
-    fs::rename(draftPath, configPath);
+    std::error_code failure;
+    fs::rename(draftPath, configPath, failure);
+    if (failure)
+        throw RunTimeError("Cannot make " + configPath.string() + ": " + failure.message());
     made.KeepAll();
+    if (file)
+        file->Keep();
 }
 
 }

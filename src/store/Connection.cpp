@@ -23,12 +23,16 @@ using EnginePointer = std::unique_ptr<Engine>;
 static EnginePointer OpenInTime(EnginePointer (*open)(const std::string&), const std::string& text,
                                 const std::string& server)
 {
-    constexpr auto patience = std::chrono::milliseconds(9'800);
+    constexpr auto patience = std::chrono::milliseconds(9'700);
     std::packaged_task<EnginePointer()> task([open, text] { return open(text); });
     std::future<EnginePointer> opened = task.get_future();
-    std::thread(std::move(task)).detach();
-    if (opened.wait_for(patience) != std::future_status::ready)
+    std::thread aside(std::move(task));
+    if (opened.wait_for(patience) != std::future_status::ready) {
+        aside.detach();
         throw DatabaseError("The database server '" + server + "' did not answer within 10 seconds.");
+    }
+    // What the libraries keep for each thread is gone with it.
+    aside.join();
     return opened.get();
 }
 

@@ -44,6 +44,13 @@ public:
     /// Deletes the row of that key if it still holds `read`. False when there is no such row any more.
     virtual bool Delete(const TableInfo& table, std::int64_t rowKey, const std::vector<ColumnValue>& read) = 0;
 
+    /// Begins a transaction that only reads, and sees the database as it stands at its first statement, whatever others
+    /// save meanwhile. It ends as any other.
+    virtual void BeginSnapshot() = 0;
+    /// The highest number that a row of the table has had, rows that are deleted by now included; 0 where it had none.
+    /// The table must number its rows.
+    virtual std::int64_t LastNumber(const TableInfo& table) = 0;
+
     virtual Catalogue& Tables() = 0;
     /// Notes in the database which version of the schema it now holds.
     virtual void SetSchemaVersion(int version) = 0;

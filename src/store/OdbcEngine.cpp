@@ -94,6 +94,17 @@ public:
         return RowsChanged(SqlServerDelete(table, rowKey, read)) > 0;
     }
 
+    void BeginSnapshot() override { session.Run(sqlServerSnapshot); }
+
+    std::int64_t LastNumber(const TableInfo& table) override
+    {
+        OdbcBatch sent = session.Send(SqlServerLastNumber(table));
+        double last = 0;
+        for (const Value& number : sent.ReadCells(sent.Columns()))
+            last = std::max(last, number.IsNull() ? 0 : number.Number());
+        return static_cast<std::int64_t>(last);
+    }
+
     Catalogue& Tables() override
     {
         if (catalogueStale)

@@ -102,7 +102,9 @@ DatabaseError ConnectionError(SQLHANDLE connection, const OdbcText& text)
         if (one.number > 0 && one.number < lowestOfDriver && (ofServer.empty() || one.number != loginFailed))
             ofServer = one.text;
         driverFound = driverFound && !one.state.starts_with("IM") && one.text.find("open lib") == std::string::npos;
-        said += (said.empty() ? "" : " ") + one.text;
+        // The driver says some things more than once.
+        if (said.find(one.text) == std::string::npos)
+            said += (said.empty() ? "" : " ") + one.text;
     }
     if (!ofServer.empty())
         return DatabaseError(ofServer);

@@ -93,6 +93,20 @@ public:
         return RunOne(std::move(command)).ChangedCount() > 0;
     }
 
+    void BeginSnapshot() override
+    {
+        Step(TransactionStep::Begin);
+        beginning = "BEGIN ISOLATION LEVEL REPEATABLE READ READ ONLY";
+    }
+
+    std::int64_t LastNumber(const TableInfo& table) override
+    {
+        const PostgresRows answer =
+            RunOne(Bare("SELECT greatest(pg_sequence_last_value(" + SequenceOf(table) + "::regclass), (SELECT max(" +
+                        PostgresName(table.Identity()->name) + ") FROM " + PostgresName(table.name) + "))"));
+        return answer.IsNull(0, 0) ? 0 : std::stoll(std::string(answer.Text(0, 0)));
+    }
+
     void SetSchemaVersion(int version) override
     {
         Equip();
@@ -105,6 +119,13 @@ private:
     enum class TransactionState { None, Wanted, Begun };
 
     static PostgresCommand Bare(std::string text) { return {std::move(text), {}, false}; }
+
+    /// The expression that names the table's numbering.
+    static std::string SequenceOf(const TableInfo& table)
+    {
+        return "pg_get_serial_sequence(" + SqlDialect::Quoted(PostgresName(table.name)) + ", " +
+               SqlDialect::Quoted(table.Identity()->name) + ")";
+    }
 
     static void Add(PostgresCommand& command, const ColumnValue& value)
     {
@@ -201,7 +222,7 @@ private:
             return session.Run(commands);
         Commands guarded;
         if (transaction == TransactionState::Wanted)
-            guarded.push_back(Bare("BEGIN"));
+            guarded.push_back(Bare(beginning));
         transaction = TransactionState::Begun;
         guarded.push_back({"SAVEPOINT statement", {}, true});
         const auto before = static_cast<std::ptrdiff_t>(guarded.size());
@@ -223,7 +244,7 @@ private:
     {
         if (transaction != TransactionState::Wanted)
             return;
-        session.Run({Bare("BEGIN")});
+        session.Run({Bare(beginning)});
         transaction = TransactionState::Begun;
     }
 
@@ -242,11 +263,10 @@ private:
         // Rows that brought their own number push the table's numbering behind them.
         if (plan.numbered) {
             const std::string name = PostgresName(plan.numbered->name);
-            const std::string identity = plan.numbered->Identity()->name;
-            const std::string sequence =
-                "pg_get_serial_sequence(" + SqlDialect::Quoted(name) + ", " + SqlDialect::Quoted(identity) + ")";
-            commands.push_back({"SELECT setval(" + sequence + ", greatest((SELECT max(" + PostgresName(identity) +
-                                    ") FROM " + name + "), nextval(" + sequence + ") - 1, 1))",
+            const std::string identity = PostgresName(plan.numbered->Identity()->name);
+            const std::string sequence = SequenceOf(*plan.numbered);
+            commands.push_back({"SELECT setval(" + sequence + ", greatest((SELECT max(" + identity + ") FROM " + name +
+                                    "), nextval(" + sequence + ") - 1, 1))",
                                 {},
                                 true});
         }
@@ -275,6 +295,7 @@ private:
                 throw DatabaseError("cannot start a transaction within a transaction");
             // It travels with the first statement.
             transaction = TransactionState::Wanted;
+            beginning = "BEGIN";
             return;
         }
         if (transaction == TransactionState::None)
@@ -318,6 +339,8 @@ private:
     /// The catalogue's rows in one text, to see whether they have changed.
     std::string catalogueSeen;
     TransactionState transaction = TransactionState::None;
+    /// The statement that begins it.
+    std::string beginning;
     /// Whether the database has what the dialect needs, and whether it came in the transaction that is open.
     bool equipped = false;
     bool equippedHere = false;

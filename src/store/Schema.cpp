@@ -4,7 +4,8 @@
 #include "store/DatabaseError.h"
 #include "store/Engine.h"
 #include "store/Lexer.h"
-#include "store/SqliteFile.h"
+#include "store/NewSqliteFile.h"
+#include "store/Transaction.h"
 
 namespace rovanta {
 
@@ -23,15 +24,9 @@ void AddSchema(Connection& connection)
 
 void CreateSchema(Connection& connection)
 {
-    Engine& engine = connection.GetEngine();
-    engine.Execute("BEGIN TRANSACTION");
-    try {
-        AddSchema(connection);
-    } catch (...) {
-        engine.Execute("ROLLBACK TRANSACTION");
-        throw;
-    }
-    engine.Execute("COMMIT TRANSACTION");
+    Transaction transaction(connection);
+    AddSchema(connection);
+    transaction.Commit();
 }
 
 void RequireOffice(Connection& connection)
@@ -43,7 +38,7 @@ void RequireOffice(Connection& connection)
 
 void CreateDatabaseFile(const std::string& connectionText)
 {
-    CreateSqliteFile(DatabaseFile(connectionText));
+    NewSqliteFile(DatabaseFile(connectionText)).Keep();
 }
 
 }

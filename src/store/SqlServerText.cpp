@@ -21,6 +21,11 @@ const char* const sqlServerVersion = "SELECT CAST(value AS int) AS Version FROM 
 
 const char* const sqlServerSettings = "SET DATEFORMAT mdy; SET NOCOUNT OFF";
 
+const char* const sqlServerSnapshot =
+    "IF EXISTS (SELECT 1 FROM sys.databases WHERE database_id = DB_ID() AND snapshot_isolation_state = 1) "
+    "SET TRANSACTION ISOLATION LEVEL SNAPSHOT ELSE SET TRANSACTION ISOLATION LEVEL SERIALIZABLE; "
+    "SET DEADLOCK_PRIORITY LOW; BEGIN TRANSACTION";
+
 std::string SqlServerSetVersion(int version)
 {
     return "IF EXISTS (SELECT 1 FROM sys.extended_properties WHERE class = 0 AND name = 'RovantaSchemaVersion') "
@@ -169,6 +174,14 @@ std::string SqlServerInsert(const TableInfo& table, const std::vector<ColumnValu
     if (table.Identity() != nullptr)
         text += "; SELECT CAST(SCOPE_IDENTITY() AS bigint) AS NewNumber";
     return text;
+}
+
+std::string SqlServerLastNumber(const TableInfo& table)
+{
+    const std::string name = SqlServerName(table.name);
+    return "SELECT (SELECT MAX(CAST(" + SqlServerName(table.Identity()->name) + " AS bigint)) FROM " + name +
+           ") AS Highest, (SELECT CAST(last_value AS bigint) FROM sys.identity_columns WHERE object_id = OBJECT_ID(" +
+           TextLiteral(name) + ")) AS LastGiven";
 }
 
 std::string SqlServerUpdate(const TableInfo& table, std::int64_t rowKey, const std::vector<ColumnValue>& changes,

@@ -23,6 +23,14 @@ extern const char* const sqlServerVersion;
 /// must tell how many rows it found.
 extern const char* const sqlServerSettings;
 
+/// Begins a transaction that reads one moment: of the versions that the server keeps, where the database has it keep
+/// them, and else under locks for which the desks wait with their saves. Where it and a desk wait for one another, the
+/// desk goes on.
+extern const char* const sqlServerSnapshot;
+
+/// Reads two cells: the highest number among the table's rows, and the last one that the server gave.
+std::string SqlServerLastNumber(const TableInfo& table);
+
 /// Notes the version of the schema in the database.
 std::string SqlServerSetVersion(int version);
 

@@ -8,6 +8,7 @@
 #include "store/TranslatingEngine.h"
 #include "values/Text.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace rovanta {
@@ -63,6 +64,24 @@ public:
         BindAll(statement, 2, read);
         statement.Run();
         return session.ChangedCount() > 0;
+    }
+
+    void BeginSnapshot() override
+    {
+        // The log beside the file keeps what a reader still sees, so nobody waits.
+        session.Run("BEGIN");
+    }
+
+    std::int64_t LastNumber(const TableInfo& table) override
+    {
+        const std::string identity = SqliteName(table.Identity()->name);
+        const std::string name = SqliteName(table.name);
+        const std::int64_t highest = Number("SELECT max(" + identity + ") FROM " + name);
+        // The list of last numbers is there from the first table on that keeps them.
+        if (Number("SELECT count(*) FROM sqlite_schema WHERE name = 'sqlite_sequence'") == 0)
+            return highest;
+        return std::max(highest,
+                        Number("SELECT max(seq) FROM sqlite_sequence WHERE name = " + SqlDialect::Quoted(table.name)));
     }
 
     void SetSchemaVersion(int version) override { session.Run("PRAGMA user_version = " + std::to_string(version)); }
@@ -130,12 +149,15 @@ private:
         return rows;
     }
 
-    std::int64_t SchemaNumber()
+    /// The one cell of a SELECT; 0 where it is NULL.
+    std::int64_t Number(const std::string& select)
     {
-        SqliteStatement statement = session.Prepared("PRAGMA schema_version");
+        SqliteStatement statement = session.Prepared(select);
         statement.Step();
         return statement.Whole(0);
     }
+
+    std::int64_t SchemaNumber() { return Number("PRAGMA schema_version"); }
 
     bool TakeNews() override { return std::exchange(preparedAnew, false) && SchemaNumber() != schemaNumber; }
 
@@ -187,7 +209,8 @@ std::unique_ptr<Engine> OpenSqlite(const std::string& path)
 {
     using namespace std::chrono_literals;
     RefuseWhatIsNoFile(path);
-    SqliteSession session(path, SqliteSession::File::MustExist);
+    RefuseWhatCannotBeWritten(path);
+    SqliteSession session(path);
     session.WaitFor(10s);
     const int version = std::atoi(session.AnswerOfFile("PRAGMA user_version").c_str());
     if (version != 0 && version != schemaVersion)

@@ -13,13 +13,6 @@ namespace rovanta {
 
 using namespace std::chrono_literals;
 
-static void RefuseWhatExists(const std::string& path)
-{
-    std::error_code unknown;
-    if (std::filesystem::exists(path, unknown))
-        throw DatabaseError("The file '" + path + "' exists already.");
-}
-
 void RefuseWhatIsNoFile(const std::string& path)
 {
     std::error_code unknown;
@@ -32,26 +25,26 @@ void RefuseWhatIsNoFile(const std::string& path)
         throw DatabaseError("'" + path + "' is a folder and no database file.");
     if (!std::filesystem::is_regular_file(status))
         throw DatabaseError("'" + path + "' is no database file.");
+}
+
+void RefuseWhatCannotBeWritten(const std::string& path)
+{
     if (faccessat(AT_FDCWD, path.c_str(), R_OK | W_OK, AT_EACCESS) != 0)
         throw DatabaseError("The database file '" + path +
                             "' cannot be written: " + std::generic_category().message(errno));
 }
 
-void CreateSqliteFile(const std::string& path)
-{
-    RefuseWhatExists(path);
-    SqliteSession(path, SqliteSession::File::MayBeMade).RunOnFile("PRAGMA journal_mode = WAL");
-}
-
-void CopySqliteFile(const std::string& path, const std::string& copy)
+void CopySqliteFile(const std::string& path, const NewSqliteFile& copy)
 {
     RefuseWhatIsNoFile(path);
-    RefuseWhatExists(copy);
-    SqliteSession source(path, SqliteSession::File::MustExist);
+    if (faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0)
+        throw DatabaseError("The database file '" + path +
+                            "' cannot be read: " + std::generic_category().message(errno));
+    SqliteSession source(path);
     source.WaitFor(60s);
-    // Whether it is a database at all is seen before anything is made.
+    // Whether it is a database at all is seen before anything is copied.
     source.AnswerOfFile("PRAGMA user_version");
-    SqliteSession target(copy, SqliteSession::File::MayBeMade);
+    SqliteSession target(copy.Path());
     source.CopyTo(target);
     // Without a log beside it the copy is one file that can be carried away.
     target.RunOnFile("PRAGMA journal_mode = DELETE");
@@ -63,7 +56,7 @@ void CopySqliteFile(const std::string& path, const std::string& copy)
 
 void WithSqliteFileAlone(const std::string& path, const std::function<void()>& work)
 {
-    SqliteSession session(path, SqliteSession::File::MustExist);
+    SqliteSession session(path);
     session.WaitFor(1s);
     try {
         // Only who is alone with the file can end its log; the lock that this takes stays until the work is done.

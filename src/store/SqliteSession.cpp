@@ -168,9 +168,9 @@ bool SqliteStatement::WasPreparedAnew()
     return sqlite3_stmt_status(handle, SQLITE_STMTSTATUS_REPREPARE, 1) > 0;
 }
 
-SqliteSession::SqliteSession(const std::string& path, File file) : path(path)
+SqliteSession::SqliteSession(const std::string& path) : path(path)
 {
-    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (file == File::MayBeMade ? SQLITE_OPEN_CREATE : 0);
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX;
     sqlite3* opened = nullptr;
     const int code = sqlite3_open_v2(path.c_str(), &opened, flags, nullptr);
     database.reset(opened, sqlite3_close_v2);

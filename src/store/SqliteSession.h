@@ -70,10 +70,8 @@ private:
 /// A connection to an SQLite database in a file.
 class SqliteSession {
 public:
-    enum class File { MustExist, MayBeMade };
-
-    /// Throws DatabaseError that names the file.
-    SqliteSession(const std::string& path, File file);
+    /// Opens a file that is there. Throws DatabaseError that names it.
+    explicit SqliteSession(const std::string& path);
 
     /// How long a statement waits for another program's.
     void WaitFor(std::chrono::milliseconds time);

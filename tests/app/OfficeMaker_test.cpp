@@ -229,6 +229,56 @@ TEST_CASE("a database that exists already is refused by name and stays as it is"
     CHECK(NamesIn(test.path) == std::set<std::string>{"rovanta.db", "letter.txt"});
 }
 
+TEST_CASE("a file that lies where a part of the office would go is refused and stays as it is")
+{
+    struct Case {
+        const char* name;
+        const char* refusal;
+    };
+    for (const Case& one : {Case{"config.txt.new", "Another office is being made here, or was left half-made: "},
+                            Case{"rovanta.db-wal", "exists already"}, Case{"rovanta.db-journal", "exists already"}}) {
+        CAPTURE(one.name);
+        const TestFolder test;
+        WriteContent(test.File(one.name), "mine");
+        const std::string failure = FailureOf(PlanFor(test.path));
+        CHECK(failure.find(one.refusal) != std::string::npos);
+        CHECK(failure.find(test.File(one.name)) != std::string::npos);
+        CHECK(ContentOf(test.File(one.name)) == "mine");
+        CHECK(NamesIn(test.path) == std::set<std::string>{one.name});
+    }
+}
+
+TEST_CASE("of two that make an office in one folder at once, one comes to stand")
+{
+    const TestFolder test;
+    const fs::path folder = test.path / "office";
+    OfficePlan first = PlanFor(folder);
+    first.furnish = [&](Connection&, const Configuration& configuration) {
+        WriteContent(configuration.DocumentPath + "1.txt", "first");
+        CHECK(FailureOf(PlanFor(folder)) ==
+              "Another office is being made here, or was left half-made: " + (folder / "config.txt.new").string());
+        OfficePlan elsewhere = PlanFor(test.path / "second");
+        elsewhere.connection = "../office/rovanta.db";
+        CHECK(FailureOf(elsewhere) == "There is a database already: " + (folder / "rovanta.db").string());
+    };
+    CHECK(FailureOf(first) == "made");
+    CHECK(NamesIn(folder) == std::set<std::string>{"config.txt", "rovanta.db", "pictures", "leases", "documents"});
+    CHECK(ContentOf((folder / "documents" / "1.txt").string()) == "first");
+    CHECK(NamesIn(test.path) == std::set<std::string>{"office"});
+}
+
+TEST_CASE("what others put into the folder stays when the office does not come to stand")
+{
+    const TestFolder test;
+    OfficePlan plan = PlanFor(test.path / "office");
+    plan.furnish = [&](Connection& connection, const Configuration&) {
+        WriteContent(test.File("office/letter.txt"), "mine");
+        connection.Execute("INSERT INTO Customer (NoSuchColumn) VALUES (1)");
+    };
+    CHECK(FailureOf(plan).find("NoSuchColumn") != std::string::npos);
+    CHECK(NamesIn(test.path / "office") == std::set<std::string>{"letter.txt"});
+}
+
 TEST_CASE("a user who could not sign in is refused before anything is made")
 {
     const TestFolder test;

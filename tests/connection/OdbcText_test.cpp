@@ -38,7 +38,10 @@ TEST_CASE("A SQL Server that is not there or does not answer is told within ten 
             {Server("127.0.0.1", silent.Port()), {"The database server '127.0.0.1, port " + silent.Port() + "'"}},
             {hanging.Text("master"), {"The database server '127.0.0.1, port ", "did not answer within 10 seconds"}},
             {Server("no-such-host.invalid", "1433"), {"'no-such-host.invalid, port 1433'"}},
-            {Server("127.0.0.1", "1"), {"The database server '127.0.0.1, port 1' does not answer"}},
+            {Server("127.0.0.1", "1"),
+             {"The database server '127.0.0.1, port 1' does not answer: Unable to connect: Adaptive Server is "
+              "unavailable "
+              "or does not exist Unable to connect to data source"}},
             {Server("127.0.0.1", "none"), {"The database server '127.0.0.1, port none' does not answer"}},
         });
 }

@@ -48,6 +48,15 @@ TEST_CASE("Values are written as T-SQL reads them")
     CHECK(SqlServerName("a]b") == "[a]]b]");
 }
 
+TEST_CASE("The last number is the highest that a row has or that the server gave")
+{
+    TableInfo table = Numbered();
+    table.name = "It's";
+    CHECK(SqlServerLastNumber(table) ==
+          "SELECT (SELECT MAX(CAST([ID] AS bigint)) FROM [It's]) AS Highest, (SELECT CAST(last_value AS bigint) "
+          "FROM sys.identity_columns WHERE object_id = OBJECT_ID('[It''s]')) AS LastGiven");
+}
+
 TEST_CASE("A row is written with its number asked for, and found again by the number and by what was read")
 {
     const TableInfo bus = Numbered();

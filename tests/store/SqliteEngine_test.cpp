@@ -96,9 +96,11 @@ TEST_CASE("A database with another version of the schema is refused, both versio
         DatabaseError);
 }
 
-TEST_CASE("An existing file is not made again")
+TEST_CASE("An existing file is not made again, nor one in a folder that does not exist")
 {
     TestOffice office;
+    CHECK_THROWS_WITH_AS(CreateDatabaseFile("/no/such/office.db"),
+                         "The file '/no/such/office.db' cannot be made: No such file or directory", DatabaseError);
     CHECK_THROWS_AS(CreateDatabaseFile(office.File()), DatabaseError);
     CHECK_THROWS_AS(CreateSchema(office.connection), DatabaseError);
     CHECK(office.Open("SELECT * FROM Tour").Eof());

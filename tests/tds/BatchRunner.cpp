@@ -186,6 +186,8 @@ BatchRunner::Outcome BatchRunner::RunOne(const std::string& statement, const std
         return {CatalogueRows(), -1};
     if (Contains(statement, "FROM sys.extended_properties"))
         return {VersionRows(), -1};
+    if (Contains(statement, "FROM sys.identity_columns"))
+        return {LastNumberRows(statement), -1};
     if (StartsWithNoCase(statement, askForNumber))
         return {MadeRows({{"NewNumber", TypeKind::BigInt}}, {newNumber}), -1};
     if (StartsWithNoCase(statement, "SELECT") || statement.starts_with('('))
@@ -209,7 +211,7 @@ BatchRunner::Outcome BatchRunner::RunOne(const std::string& statement, const std
 bool BatchRunner::RunOnServer(const std::string& statement)
 {
     if (statement.starts_with("SET DATEFORMAT") || statement.starts_with("SET NOCOUNT") ||
-        statement.starts_with("IF EXISTS"))
+        statement.starts_with("SET DEADLOCK_PRIORITY") || statement.starts_with("IF EXISTS"))
         return true;
     if (statement.starts_with("EXEC sp_addextendedproperty")) {
         std::ofstream(VersionFile()) << statement.substr(statement.rfind(',') + 1);
@@ -347,6 +349,17 @@ RowSet BatchRunner::CatalogueRows()
                      {"Nullable", TypeKind::Bit},
                      {"IsIdentity", TypeKind::Bit}},
                     std::move(cells));
+}
+
+/// The two numbers that the statement asks for; the engine tells the higher one.
+RowSet BatchRunner::LastNumberRows(const std::string& statement)
+{
+    constexpr std::string_view table = "OBJECT_ID('[";
+    const std::size_t start = statement.find(table) + table.size();
+    const std::string name = statement.substr(start, statement.find(']', start) - start);
+    const std::int64_t last = connection.GetEngine().LastNumber(*connection.GetEngine().Tables().Find(name));
+    return MadeRows({{"Highest", TypeKind::BigInt}, {"LastGiven", TypeKind::BigInt}},
+                    {Value(), last == 0 ? Value() : Value(last)});
 }
 
 RowSet BatchRunner::VersionRows() const

@@ -35,6 +35,7 @@ private:
     Outcome Change(const std::string& change);
     std::int64_t ChangeOne(const std::string& statement);
     RowSet CatalogueRows();
+    RowSet LastNumberRows(const std::string& statement);
     RowSet VersionRows() const;
     std::filesystem::path VersionFile() const;
 

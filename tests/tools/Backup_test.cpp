@@ -3,15 +3,17 @@
 #include "store/Schema.h"
 #include "support/TestApp.h"
 #include "support/TestServer.h"
+#include "tools/BusyDesk.h"
 
 #include <doctest/doctest.h>
 
 #include <algorithm>
-#include <csignal>
 #include <cstdlib>
-#include <sys/wait.h>
+#include <sys/stat.h>
+#include <utility>
 
 using namespace rovanta;
+using rovanta::tests::BusyDesk;
 using rovanta::tests::ContentOf;
 using rovanta::tests::TestFolder;
 using rovanta::tests::TestOffice;
@@ -58,41 +60,15 @@ std::vector<std::string> Names(const fs::path& folder, const std::string& beginn
     return names;
 }
 
-/// Another process that books two tours in each transaction until it is ended.
-class BusyDesk {
-public:
-    explicit BusyDesk(const std::string& file) : process(fork())
-    {
-        if (process == 0)
-            Work(file);
-    }
-    ~BusyDesk()
-    {
-        kill(process, SIGKILL);
-        waitpid(process, nullptr, 0);
-    }
-    BusyDesk(const BusyDesk&) = delete;
-    BusyDesk& operator=(const BusyDesk&) = delete;
+constexpr uid_t nobody = 65534;
 
-private:
-    [[noreturn]] static void Work(const std::string& file)
-    {
-        try {
-            Connection connection;
-            connection.Open(file);
-            while (true) {
-                connection.Execute("BEGIN TRANSACTION");
-                connection.Execute("INSERT INTO Tour (TourName) VALUES ('Left')");
-                connection.Execute("INSERT INTO Tour (TourName) VALUES ('Right')");
-                connection.Execute("COMMIT TRANSACTION");
-            }
-        } catch (const std::exception&) {
-            _exit(1);
-        }
-    }
-
-    pid_t process;
-};
+/// Who owns a file, and what may be done with it.
+std::pair<uid_t, mode_t> Access(const std::string& file)
+{
+    struct stat found {};
+    REQUIRE(stat(file.c_str(), &found) == 0);
+    return {found.st_uid, found.st_mode & 07777};
+}
 
 class Office : public TestOffice {
 public:
@@ -101,6 +77,16 @@ public:
 
     TestFolder store;
 };
+
+/// What a restore says to an ordinary user: the one of this run or, where that is root, one without a name.
+std::string RefusalOfOrdinaryUser(const Office& office)
+{
+    const bool root = geteuid() == 0;
+    REQUIRE((!root || (setegid(nobody) == 0 && seteuid(nobody) == 0)));
+    const std::string refusal = RefusalOf([&] { RestoreOffice(office.folder.path, office.Backup()); });
+    REQUIRE((!root || (seteuid(0) == 0 && setegid(0) == 0)));
+    return refusal;
+}
 
 }
 
@@ -140,6 +126,80 @@ TEST_CASE("a backup overwrites nothing and leaves no half of itself")
     CHECK(damaged.find(office.Database()) != std::string::npos);
     CHECK(Names(office.store.path, "") == std::vector<std::string>{"saved.db"});
     CHECK(RefusalOf([&] { BackUpOffice(office.store.path, "any"); }).find("config.txt") != std::string::npos);
+}
+
+TEST_CASE("files that bear the name of a draft stay as they are")
+{
+    const Office office;
+    const std::string saved = office.Backup();
+    WriteContent(saved + ".part", "mine");
+    WriteContent(saved + ".part2-wal", "mine");
+    BackUpOffice(office.folder.path, saved);
+    WriteContent(office.Database() + ".part", "mine");
+    WriteContent(office.Database() + ".replaced-wal", "mine");
+    CHECK(RestoreOffice(office.folder.path, saved) == office.Database() + ".replaced2");
+    for (const std::string& file :
+         {saved + ".part", saved + ".part2-wal", office.Database() + ".part", office.Database() + ".replaced-wal"})
+        CHECK(ContentOf(file) == "mine");
+    CHECK(Names(office.store.path, "") == std::vector<std::string>{"saved.db", "saved.db.part", "saved.db.part2-wal"});
+}
+
+TEST_CASE("a lost database is not put beside the rest of its log")
+{
+    const Office office;
+    BackUpOffice(office.folder.path, office.Backup());
+    fs::remove(office.Database());
+    WriteContent(office.Database() + "-wal", "rest");
+    CHECK(RefusalOf([&] { RestoreOffice(office.folder.path, office.Backup()); }) ==
+          "The file '" + office.Database() + "-wal' exists already.");
+    CHECK(Names(office.folder.path, "rovanta.db") == std::vector<std::string>{"rovanta.db-wal"});
+}
+
+TEST_CASE("a restored file belongs to whom the replaced one did, and a backup is no more readable than the office")
+{
+    const Office office;
+    const bool root = geteuid() == 0;
+    const uid_t owner = root ? nobody : geteuid();
+    if (root)
+        REQUIRE(chown(office.Database().c_str(), nobody, nobody) == 0);
+    fs::permissions(office.Database(), fs::perms(0660));
+    BackUpOffice(office.folder.path, office.Backup());
+    CHECK(fs::status(office.Backup()).permissions() == fs::perms(0660));
+    fs::permissions(office.Backup(), fs::perms(0666));
+    RestoreOffice(office.folder.path, office.Backup());
+    CHECK(Access(office.Database()) == std::make_pair(owner, mode_t{0660}));
+
+    SUBCASE("and a lost one to whom the folder does")
+    {
+        if (root)
+            REQUIRE(chown(office.folder.path.c_str(), nobody, nobody) == 0);
+        fs::permissions(office.folder.path, fs::perms(0770));
+        fs::remove(office.Database());
+        RestoreOffice(office.folder.path, office.Backup());
+        CHECK(Access(office.Database()) == std::make_pair(owner, mode_t{0660}));
+    }
+    SUBCASE("and a backup needs to be readable alone")
+    {
+        fs::permissions(office.Backup(), fs::perms(0444));
+        fs::permissions(office.folder.path, fs::perms(0777));
+        fs::permissions(office.store.path, fs::perms(0755));
+        CHECK(RefusalOfOrdinaryUser(office) == "");
+        fs::permissions(office.Backup(), fs::perms(0));
+        CHECK(RefusalOfOrdinaryUser(office) ==
+              "The database file '" + office.Backup() + "' cannot be read: Permission denied");
+    }
+    SUBCASE("and who cannot give it to its owner is refused")
+    {
+        if (!root)
+            return;
+        REQUIRE(chown(office.Database().c_str(), 0, 0) == 0);
+        fs::permissions(office.Database(), fs::perms(0666));
+        fs::permissions(office.folder.path, fs::perms(0777));
+        fs::permissions(office.store.path, fs::perms(0777));
+        CHECK(RefusalOfOrdinaryUser(office) ==
+              "The database file '" + office.Database() + "' belongs to another user or group: restore it as root.");
+        CHECK(Access(office.Database()) == std::make_pair(uid_t{0}, mode_t{0666}));
+    }
 }
 
 TEST_CASE("a restored office is that of the backup, and the replaced one is kept")
@@ -217,6 +277,11 @@ TEST_CASE("for an office on a server the server's own command is told, without t
               .ends_with("\n  BACKUP DATABASE [office]]1] TO DISK = N'D:\\o''k.bak' WITH INIT, CHECKSUM"));
     CHECK(ServerRestoreAdvice("DSN=office;DATABASE=rovanta", "a.bak")
               .ends_with("\n  RESTORE DATABASE [rovanta] FROM DISK = N'a.bak' WITH REPLACE"));
+    CHECK(ServerBackupAdvice("DSN=rovanta; Database = {My Db};PWD={;Database=no}", "a.bak")
+              .ends_with("\n  BACKUP DATABASE [My Db] TO DISK = N'a.bak' WITH INIT, CHECKSUM"));
+    CHECK(
+        ServerBackupAdvice("DSN=rovanta;UID=office", "a.bak")
+            .ends_with("\n  BACKUP DATABASE <the database of the DSN rovanta> TO DISK = N'a.bak' WITH INIT, CHECKSUM"));
 
     const Office office;
     std::string config = ContentOf(office.ConfigPath());

@@ -39,6 +39,15 @@ TEST_CASE("an invoice's head is held against its lines by the cent")
          {7, 100, 5, 100, 0},
          {100},
          {"invoice 7: InvoiceTotal is $100.00, its lines and the tax come to $105.00"}},
+        {"no figures",
+         {7, std::nullopt, std::nullopt, std::nullopt, std::nullopt},
+         {},
+         {"invoice 7: SubTotal is NULL, its lines come to $0.00", "invoice 7: Tax is NULL",
+          "invoice 7: InvoiceTotal is NULL, its lines and the tax come to $0.00"}},
+        {"no tax",
+         {7, 100, std::nullopt, 105, 0},
+         {100},
+         {"invoice 7: Tax is NULL", "invoice 7: InvoiceTotal is $105.00, its lines and the tax come to $100.00"}},
         {"lines lost",
          {7, 1500, 0, 1500, 0},
          {},
@@ -55,7 +64,7 @@ TEST_CASE("an invoice's head is held against its lines by the cent")
 
 TEST_CASE("what is paid is held against the payments by the cent")
 {
-    const auto found = [](double paid, const std::vector<InvoiceAmount>& payments) {
+    const auto found = [](std::optional<double> paid, const std::vector<InvoiceAmount>& payments) {
         return PaidThatDiffers({{7, 0, 0, 0, paid}}, payments);
     };
     CHECK(found(0, {}).empty());
@@ -64,6 +73,7 @@ TEST_CASE("what is paid is held against the payments by the cent")
     CHECK(found(30.01, {{7, 30.0}}) == Lines{"invoice 7: Paid is $30.01, its payments come to $30.00"});
     CHECK(found(0, {{7, -5.0}}) == Lines{"invoice 7: Paid is $0.00, its payments come to ($5.00)"});
     CHECK(found(30, {{std::nullopt, 30.0}}).size() == 1);
+    CHECK(found(std::nullopt, {}) == Lines{"invoice 7: Paid is NULL, its payments come to $0.00"});
 }
 
 TEST_CASE("a promised file that is not there is told with its path")

@@ -4,6 +4,7 @@
 #include "store/Schema.h"
 #include "support/TestApp.h"
 #include "support/TestServer.h"
+#include "tools/BusyDesk.h"
 
 #include <doctest/doctest.h>
 
@@ -12,6 +13,7 @@
 #include <memory>
 
 using namespace rovanta;
+using rovanta::tests::BusyDesk;
 using rovanta::tests::TestFolder;
 using rovanta::tests::WriteContent;
 
@@ -37,6 +39,12 @@ void MakeOffice(const std::string& text)
           "INSERT INTO Customer (Name,Notes,Inactive) VALUES ('Gone',NULL,0)",
           "INSERT INTO Customer (Name,Notes,Inactive) VALUES ('Žofie & Sons','They''re early;\r\nso -- are we ',0)",
           "DELETE FROM Customer WHERE Name='Gone'",
+          "INSERT INTO Driver (Name) VALUES ('First')",
+          "INSERT INTO Driver (Name) VALUES ('Second')",
+          "INSERT INTO Driver (Name) VALUES ('Third')",
+          "DELETE FROM Driver WHERE Name<>'First'",
+          "INSERT INTO Bus (Name) VALUES ('Sold')",
+          "DELETE FROM Bus",
           "INSERT INTO Tour (CustomerID,TourName,TotalTourBudget,DateEntered) "
           "VALUES (2,'Spring',-1234.5678,'3/2/2026 4:05:06 PM')",
           "INSERT INTO TourItems (ID,TourID,BilledMonths,BusTotal,BusContract) VALUES (1,1,0.1,99.99,1)",
@@ -46,6 +54,8 @@ void MakeOffice(const std::string& text)
           "INSERT INTO CoDriverData (DriverID,Notes) VALUES (5000000000,'')",
           "CREATE TABLE HouseNotes (ID int IDENTITY(1,1) PRIMARY KEY, Words varchar(40) NOT NULL, Worth money)",
           "INSERT INTO HouseNotes (Words,Worth) VALUES ('kept',0.0001)",
+          "INSERT INTO HouseNotes (Words,Worth) VALUES ('gone',0)",
+          "DELETE FROM HouseNotes WHERE Words='gone'",
           "CREATE VIEW HouseView AS SELECT * FROM HouseNotes"})
         connection.Execute(Statement::Verbatim(statement));
     // A third has more digits than a person writes.
@@ -81,6 +91,25 @@ std::map<std::string, std::vector<std::string>> Content(const std::string& text)
         std::sort(lines.begin(), lines.end());
     }
     return content;
+}
+
+/// The number that the database gives the next row.
+int NextNumber(const std::string& text, const std::string& table, const std::string& column = "Name")
+{
+    Connection connection;
+    connection.Open(text);
+    Recordset row(Statement{"SELECT TOP 1 * FROM "} + Name(table), connection);
+    row.AddNew();
+    row.Fields(column) = "Next";
+    row.Update();
+    return static_cast<int>(row.Fields("ID").Number());
+}
+
+double Number(const std::string& text, const std::string& select)
+{
+    Connection connection;
+    connection.Open(text);
+    return Recordset(Statement::Verbatim(select), connection).FieldAt(0).Number();
 }
 
 bool HasTables(const std::string& text)
@@ -131,19 +160,50 @@ TEST_CASE("a copy holds every row of every table under its own number")
     CHECK(Content(pair.to) == original);
     CHECK(original.at("HouseNotes").size() == 1);
 
-    SUBCASE("and goes on counting behind the highest one")
+    SUBCASE("and goes on counting where the office stood, behind rows that are gone as well")
     {
-        Run(pair.to, {"INSERT INTO Customer (Name) VALUES ('Next')"});
-        Connection connection;
-        connection.Open(pair.to);
-        Recordset next("SELECT ID FROM Customer WHERE Name='Next'", connection);
-        CHECK(next.FieldAt(0).Number() == 3);
+        for (const std::string& text : {pair.from, pair.to}) {
+            CHECK(NextNumber(text, "Customer") == 3);
+            CHECK(NextNumber(text, "Driver") == 4);
+            CHECK(NextNumber(text, "Bus") == 2);
+            CHECK(NextNumber(text, "Owner") == 1);
+            CHECK(NextNumber(text, "HouseNotes", "Words") == 3);
+        }
+        CHECK(Content(pair.to) == Content(pair.from));
     }
     SUBCASE("and comes back the same")
     {
         const std::string back = pair.folder.File("back.db");
         CopyOffice(pair.to, back);
         CHECK(Content(back) == original);
+        CHECK(NextNumber(back, "Driver") == 4);
+    }
+}
+
+TEST_CASE("a copy of an office in use is the office of one moment")
+{
+    const Pair pair;
+    if (!TestServer())
+        CreateDatabaseFile(pair.to);
+    MakeOffice(pair.to);
+    // Reports make tables of their own and drop them.
+    std::vector<std::string> drops;
+    for (int table = 1; table <= 30; ++table) {
+        const std::string name = "zzReport" + std::to_string(table);
+        Run(pair.to, {"CREATE TABLE " + name + " (ID int)"});
+        drops.push_back("DROP TABLE " + name);
+    }
+    const BusyDesk desk(pair.to, drops);
+    double before = 0;
+    for (int round = 1; round <= 3; ++round) {
+        while (Number(pair.to, "SELECT COUNT(*) FROM Tour WHERE TourName='Left'") <= before)
+            usleep(1000);
+        const std::string copy = pair.folder.File("copy" + std::to_string(round));
+        CHECK(RefusalOf(pair.to, copy) == "");
+        const double left = Number(copy, "SELECT COUNT(*) FROM Tour WHERE TourName='Left'");
+        CHECK(left > before);
+        CHECK(left == Number(copy, "SELECT COUNT(*) FROM Tour WHERE TourName='Right'"));
+        before = left;
     }
 }
 
@@ -199,4 +259,6 @@ TEST_CASE("counts and sums that differ are told with the column")
     CHECK(Differences(original, {"Tour", 3, {{"Name", 2}, {"Budget", 1000.24}}}) ==
           std::vector<std::string>{"its column Name comes to 3, in the copy to 2.",
                                    "its column Budget comes to 1000.25, in the copy to 1000.24."});
+    CHECK(Differences({"Tour", 3, {}, 1734}, {"Tour", 3, {}, 1700}) ==
+          std::vector<std::string>{"its numbers go up to 1734, in the copy up to 1700."});
 }

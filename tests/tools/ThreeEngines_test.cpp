@@ -52,7 +52,9 @@ TEST_CASE("an office goes from a file to SQL Server, on to PostgreSQL and back t
         for (const char* statement :
              {"INSERT INTO Customer (Name,Notes,Inactive) VALUES ('Gone',NULL,0)",
               "INSERT INTO Customer (Name,Notes,Inactive) VALUES ('Žofie & Sons','They''re early;\r\nso -- 東京 ',1)",
-              "DELETE FROM Customer WHERE Name='Gone'",
+              "DELETE FROM Customer WHERE Name='Gone'", "INSERT INTO Invoice (SubTotal) VALUES (1)",
+              "INSERT INTO Invoice (SubTotal) VALUES (2)", "INSERT INTO Invoice (SubTotal) VALUES (3)",
+              "DELETE FROM Invoice WHERE ID > 1",
               "INSERT INTO Tour (CustomerID,TourName,TotalTourBudget,DateEntered) "
               "VALUES (2,'','-1234.5678','3/2/2026 4:05:06 PM')",
               "INSERT INTO TourItems (ID,TourID,BilledMonths,BusTotal,BusContract) VALUES (7,1,0.1,99.99,1)",
@@ -79,5 +81,7 @@ TEST_CASE("an office goes from a file to SQL Server, on to PostgreSQL and back t
         connection.Open(text);
         connection.Execute("INSERT INTO Customer (Name) VALUES ('Next')");
         CHECK(Recordset("SELECT ID FROM Customer WHERE Name='NEXT '", connection).FieldAt(0).Text() == "3");
+        connection.Execute("INSERT INTO Invoice (SubTotal) VALUES (4)");
+        CHECK(Recordset("SELECT ID FROM Invoice WHERE SubTotal = 4", connection).FieldAt(0).Text() == "4");
     }
 }
