@@ -86,6 +86,7 @@ std::vector<Result> MeasureMonthlyPass(Desk& desk, BareDatabase& database)
     if (planned.size() != months)
         throw std::runtime_error("The monthly tour makes " + std::to_string(planned.size()) + " invoices");
     std::vector<std::string> busIDs;
+    busIDs.reserve(items.size());
     for (const BilledItem& item : items)
         busIDs.push_back(item.busID);
     BarePass bare(database, "Monthly");

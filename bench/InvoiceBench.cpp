@@ -58,8 +58,8 @@ public:
 
     void RemoveInvoices()
     {
-        for (const char* table : {"Invoice", "InvoiceItems"})
-            database.Run(std::string("DELETE FROM \"") + table + "\" WHERE \"TourID\" = " + std::to_string(tour));
+        for (const char* table : {R"("Invoice")", R"("InvoiceItems")"})
+            database.Run(std::string("DELETE FROM ") + table + R"( WHERE "TourID" = )" + std::to_string(tour));
     }
 
     std::size_t Lines() const

@@ -66,6 +66,7 @@ std::string FiguresOf(const Result* result)
 std::vector<Row> RowsOf(const std::vector<Result>& sqlite, const std::vector<Result>& postgres)
 {
     std::vector<Row> rows;
+    rows.reserve(sqlite.size() + postgres.size());
     for (const Result& result : sqlite)
         rows.push_back({&result, nullptr});
     for (const Result& result : postgres) {

@@ -10,6 +10,7 @@
 #include <fstream>
 #include <iostream>
 #include <sys/utsname.h>
+#include <utility>
 
 namespace rovanta::bench {
 
@@ -68,6 +69,7 @@ double MillisecondsOfStatement(BareDatabase& database, const char* text)
     BareStatement statement(database, text);
     std::vector<double> times;
     constexpr int repetitions = 51;
+    times.reserve(repetitions);
     for (int i = 0; i < repetitions; ++i)
         times.push_back(MillisecondsOf([&] { statement.RunOnce(); }));
     return Median(times);
@@ -143,7 +145,7 @@ round trips.
 
 class Run {
 public:
-    explicit Run(const Options& options) : options(options) {}
+    explicit Run(Options options) : options(std::move(options)) {}
 
     void MeasureAll()
     {
