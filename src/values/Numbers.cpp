@@ -195,8 +195,9 @@ std::string ToText(double number)
 {
     if (std::isnan(number) || std::isinf(number))
         throw Overflow();
-    if (number == 0)
-        return "0";
+    constexpr double digitsShownWhole = 1e15;
+    if (std::abs(number) < digitsShownWhole && number == std::trunc(number))
+        return std::to_string(static_cast<std::int64_t>(number));
     const Decimal decimal = SignificantDigits(number);
     const std::string sign = number < 0 ? "-" : "";
     const int count = static_cast<int>(decimal.digits.size());
