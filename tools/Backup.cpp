@@ -3,8 +3,10 @@
 #include "frame/Configuration.h"
 #include "store/Connection.h"
 #include "store/DatabaseError.h"
+#include "store/OdbcText.h"
 #include "store/PostgresText.h"
 #include "store/Recordset.h"
+#include "store/SqlServerText.h"
 #include "store/SqliteFile.h"
 #include "values/Text.h"
 
@@ -28,23 +30,12 @@ std::string ShellWord(const std::string& word)
     return "'" + Replace(word, "'", "'\\''") + "'";
 }
 
-/// The database that an ODBC text names; the DSN may be the one that knows.
-std::string OdbcDatabase(const std::string& connectionText)
+/// The database as a statement of its server names it; where the DSN alone knows it, plainly none that could be run.
+std::string DatabaseOnSqlServer(const std::string& connectionText)
 {
-    const std::string text = ";" + LowerCase(connectionText);
-    const auto at = text.find(";database=");
-    if (at == std::string::npos)
-        return "the DSN's database";
-    const auto from = at + std::string("database=").size();
-    std::string name = connectionText.substr(from, connectionText.find(';', from) - from);
-    if (name.starts_with('{') && name.ends_with('}'))
-        name = name.substr(1, name.size() - 2);
-    return name;
-}
-
-std::string SqlServerName(const std::string& connectionText)
-{
-    return "[" + Replace(OdbcDatabase(connectionText), "]", "]]") + "]";
+    const OdbcText text(connectionText);
+    const std::string name = text.Get("Database");
+    return name.empty() ? "<the database of the DSN " + text.Get("DSN") + ">" : SqlServerName(name);
 }
 
 /// Gives the draft the owner and the rights of the file that it replaces, before anything is in it. Who may write in
@@ -59,7 +50,7 @@ void TakeAccess(const NewSqliteFile& draft, const std::string& database)
     const bool given = chown(draft.Path().c_str(), like.st_uid, like.st_gid) == 0;
     if (there && !given)
         throw RunTimeError("The database file '" + database +
-                           "' belongs to another user: restore it as that user, or as root.");
+                           "' belongs to another user or group: restore it as root.");
     chmod(draft.Path().c_str(), like.st_mode & readAndWrite);
 }
 
@@ -138,7 +129,7 @@ std::string ServerBackupAdvice(const std::string& connectionText, const std::str
                ShellWord(file) + " " + ShellWord(PostgresText(connectionText).WithoutPassword());
     return "The office lies on a SQL Server. The server itself saves it, to a file of its own machine, while it is in "
            "use:\n  BACKUP DATABASE " +
-           SqlServerName(connectionText) + " TO DISK = N'" + Replace(file, "'", "''") + "' WITH INIT, CHECKSUM";
+           DatabaseOnSqlServer(connectionText) + " TO DISK = N'" + Replace(file, "'", "''") + "' WITH INIT, CHECKSUM";
 }
 
 std::string ServerRestoreAdvice(const std::string& connectionText, const std::string& file)
@@ -149,7 +140,7 @@ std::string ServerRestoreAdvice(const std::string& connectionText, const std::st
                ShellWord(PostgresText(connectionText).WithoutPassword()) + " " + ShellWord(file);
     return "The office lies on a SQL Server. When it is closed on every desk, the server itself puts the file back:\n"
            "  RESTORE DATABASE " +
-           SqlServerName(connectionText) + " FROM DISK = N'" + Replace(file, "'", "''") + "' WITH REPLACE";
+           DatabaseOnSqlServer(connectionText) + " FROM DISK = N'" + Replace(file, "'", "''") + "' WITH REPLACE";
 }
 
 }

@@ -95,6 +95,18 @@ Number WholeNumber(const std::string& option, const std::string& text, Number lo
     return number;
 }
 
+/// A day for the demo's company to stand still on: its three years must lie among the days that the reports know.
+DateTime Today(const std::string& text)
+{
+    const DateTime first = DateTime::Of(1993, 1, 1);
+    const DateTime last = DateTime::Of(2078, 12, 31);
+    const auto today = ParseDate(text);
+    if (!today || *today < first || *today > last)
+        throw UsageError("The option --today takes a date from " + ToText(first) + " to " + ToText(last) +
+                         ", such as 11/16/2026, not \"" + text + "\".");
+    return *today;
+}
+
 void ReadDemoOptions(CommandLine& line, const Arguments& arguments)
 {
     for (const auto& [option, text] : arguments.options) {
@@ -103,9 +115,7 @@ void ReadDemoOptions(CommandLine& line, const Arguments& arguments)
         else if (option == "--scale")
             line.scale = WholeNumber(option, text, 1, largestScale);
         else if (option == "--today")
-            line.today = ParseDate(text);
-        if (option == "--today" && !line.today)
-            throw UsageError("The option --today takes a date such as 11/16/2026, not \"" + text + "\".");
+            line.today = Today(text);
     }
 }
 
@@ -147,16 +157,18 @@ const char* UsageText()
 
   create FOLDER   makes an empty office in the folder: config.txt, the database, one user who may do
                   everything, and the folders of pictures, lease templates and documents
-    --connection TEXT   the database, as config.txt names it: "sqlite:" and a file, counted from the
-                        folder; without it rovanta.db in the folder
+    --connection TEXT   the database, as config.txt names it: a file, counted from the folder, or a server's
+                        empty database, by a postgresql:// or an ODBC text; without it rovanta.db in the folder
     --user NAME         the first user; without it "admin"
-    --password WORD     the user's password; without it the terminal asks for it
+    --password WORD     the user's password, which others on this machine can see meanwhile; "-" reads it from
+                        the standard input, and without the option the terminal asks for it
 
   demo FOLDER     makes an office with an invented company in it, ready to look around
     --connection TEXT   as above
     --seed N            another company for another number; 1 without it
     --scale N           N times as many vehicles, customers and tours, up to 100; 1 without it
-    --today DATE        the day on which the company stands still; 11/16/2026 without it
+    --today DATE        the day on which the company stands still, from 1/1/1993 to 12/31/2078; 11/16/2026
+                        without it
 
   check FOLDER    looks through the office: lines without a tour, invoices that differ from their lines or
                   payments, files that are missing, texts that break a statement. It repairs nothing. A desk

@@ -36,15 +36,20 @@ bool HasTerminal()
     return isatty(STDIN_FILENO) == 1;
 }
 
+std::string ReadSecret()
+{
+    std::string line;
+    if (!std::getline(std::cin, line))
+        throw RunTimeError("The input ended before the password.");
+    return line;
+}
+
 std::string AskSecret(const std::string& question)
 {
     std::cerr << question << std::flush;
-    std::string answer;
     const Silence silence;
-    const bool read = static_cast<bool>(std::getline(std::cin, answer));
+    std::string answer = ReadSecret();
     std::cerr << "\n";
-    if (!read)
-        throw RunTimeError("The input ended before the password.");
     return answer;
 }
 

@@ -90,8 +90,11 @@ std::vector<std::string> TextsThatBreak(Connection& connection)
                 const std::string content = row.FieldAt(first + i).TextOrEmpty();
                 if (content.find('\'') == std::string::npos)
                     continue;
+                std::string& line = lines.emplace_back(place);
+                line.append(": ").append(column);
                 // A password is nobody's to read.
-                lines.push_back(place + ": " + column + (column == "Password" ? "" : " \"" + content + "\""));
+                if (column != "Password")
+                    line.append(" \"").append(content).append("\"");
             }
         }
     }

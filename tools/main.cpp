@@ -14,10 +14,14 @@ namespace rovanta {
 
 static std::string NewPassword(const CommandLine& line)
 {
-    if (line.password)
+    const bool fromInput = line.password == "-";
+    if (line.password && !fromInput)
         return *line.password;
+    if (fromInput && !HasTerminal())
+        return ReadSecret();
     if (!HasTerminal())
-        throw UsageError("There is no terminal to ask for the password of " + line.user + ": give --password.");
+        throw UsageError("There is no terminal to ask for the password of " + line.user +
+                         ": give --password - and a line with it at the standard input.");
     std::string password = AskSecret("Password of " + line.user + ": ");
     if (AskSecret("Once more: ") != password)
         throw RunTimeError("The two passwords differ.");

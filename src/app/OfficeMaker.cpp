@@ -2,6 +2,7 @@
 
 #include "frame/Clock.h"
 #include "store/DatabaseError.h"
+#include "store/Engine.h"
 #include "store/NewSqliteFile.h"
 #include "store/Recordset.h"
 #include "store/Schema.h"
@@ -12,7 +13,6 @@
 #include <array>
 #include <cerrno>
 #include <fstream>
-#include <ranges>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -39,8 +39,10 @@ public:
     ~MadeThings()
     {
         std::error_code ignored;
-        for (const auto& [path, content] : things | std::views::reverse)
+        for (; !things.empty(); things.pop_back()) {
+            const auto& [path, content] = things.back();
             content == Content::Ours ? fs::remove_all(path, ignored) : fs::remove(path, ignored);
+        }
     }
 
     enum class Content { Ours, Anybodys };
@@ -60,9 +62,8 @@ public:
     }
 
     /// Makes an empty file, which must not be there.
-    void File(const fs::path& file)
+    void File(const fs::path& file, mode_t rights)
     {
-        constexpr mode_t rights = 0644;
         const int made = open(file.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, rights);
         if (made < 0 && errno == EEXIST)
             throw RunTimeError("Another office is being made here, or was left half-made: " + file.string());
@@ -142,6 +143,9 @@ void FillDatabase(const OfficePlan& plan, const Configuration& configuration)
     Connection connection;
     connection.Open(configuration.ConnectionString);
     // On a server as well nothing stays of an office that fails midway: the connection takes all of it back.
+    if (connection.GetEngine().Tables().Find("Company"))
+        throw RunTimeError("The database holds an office already. For one more desk of it copy that office's "
+                           "config.txt, and let its folders be the same ones.");
     Transaction transaction(connection);
     AddSchema(connection);
     for (const std::string& statement : ScriptStatements(LookupScript()))
@@ -167,9 +171,12 @@ void CreateOffice(const OfficePlan& plan)
     // The file takes its name last of all: where there is a config.txt, there is a whole office. Of two that make an
     // office here at once, one alone can make the draft.
     const fs::path draftPath = folder / (std::string(configName) + ".new");
-    made.File(draftPath);
+    const std::string connection = plan.connection.empty() ? databaseText : plan.connection;
+    constexpr mode_t forAll = 0644;
+    constexpr mode_t forItsGroup = 0640;
+    made.File(draftPath, HoldsPassword(connection) ? forItsGroup : forAll);
     Refuse(configPath, "There is an office already: ");
-    WriteConfigFile(draftPath, plan.connection.empty() ? databaseText : plan.connection);
+    WriteConfigFile(draftPath, connection);
     const Configuration configuration = ReadConfigFile(draftPath.string());
     std::optional<NewSqliteFile> file;
     if (NamesFile(configuration.ConnectionString)) {

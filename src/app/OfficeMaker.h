@@ -28,7 +28,8 @@ struct OfficePlan {
 };
 
 /// Makes an office: `config.txt`, the database with schema and look-up rows, one user, and the folders that
-/// `config.txt` names. Paths in it are relative, so that the folder can be moved. Throws RunTimeError naming what is in
+/// `config.txt` names. Paths in it are relative, so that the folder can be moved. Where it holds the password of a
+/// server, only its owner and its group may read it. Throws RunTimeError naming what is in
 /// the way where an office or its database exists already, where the user could not sign in, and where something cannot
 /// be written; nothing half-made stays behind.
 void CreateOffice(const OfficePlan& plan);

@@ -2,6 +2,7 @@
 
 #include "store/DatabaseError.h"
 #include "store/OdbcText.h"
+#include "store/PostgresText.h"
 #include "values/Text.h"
 
 namespace rovanta {
@@ -50,6 +51,22 @@ EngineKind ChooseEngine(const std::string& connectionText)
         return EngineKind::SqlServer;
     throw DatabaseError("The connection text begins with '" + connectionText.substr(0, connectionText.find('=')) +
                         "=' and names neither 'Driver=' nor 'DSN=': an ODBC text needs one of them.");
+}
+
+bool HoldsPassword(const std::string& connectionText)
+{
+    if (NamesFile(connectionText))
+        return false;
+    try {
+        if (ChooseEngine(connectionText) == EngineKind::SqlServer) {
+            const OdbcText text(connectionText);
+            return text.Has("PWD") || text.Has("Password");
+        }
+        const PostgresText text(connectionText);
+        return text.Whole() != text.WithoutPassword();
+    } catch (const DatabaseError&) {
+        return true;
+    }
 }
 
 }

@@ -13,7 +13,8 @@ std::string WithDatabase(const std::string& server, const std::string& name);
 /// DatabaseError.
 void CreateServerDatabase(const std::string& server, const std::string& name, const std::string& like);
 
-/// Drops a database that nobody is connected to. Throws DatabaseError.
+/// Drops a database. A PostgreSQL server ends the connections that it still has, and does nothing where there is none
+/// of that name; SQL Server refuses both. Throws DatabaseError.
 void DropServerDatabase(const std::string& server, const std::string& name);
 
 }

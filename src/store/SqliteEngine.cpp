@@ -209,6 +209,7 @@ std::unique_ptr<Engine> OpenSqlite(const std::string& path)
 {
     using namespace std::chrono_literals;
     RefuseWhatIsNoFile(path);
+    RefuseWhatCannotBeWritten(path);
     SqliteSession session(path);
     session.WaitFor(9500ms);
     const int version = std::atoi(session.AnswerOfFile("PRAGMA user_version").c_str());

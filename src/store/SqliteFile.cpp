@@ -25,6 +25,10 @@ void RefuseWhatIsNoFile(const std::string& path)
         throw DatabaseError("'" + path + "' is a folder and no database file.");
     if (!std::filesystem::is_regular_file(status))
         throw DatabaseError("'" + path + "' is no database file.");
+}
+
+void RefuseWhatCannotBeWritten(const std::string& path)
+{
     if (faccessat(AT_FDCWD, path.c_str(), R_OK | W_OK, AT_EACCESS) != 0)
         throw DatabaseError("The database file '" + path +
                             "' cannot be written: " + std::generic_category().message(errno));
@@ -33,6 +37,9 @@ void RefuseWhatIsNoFile(const std::string& path)
 void CopySqliteFile(const std::string& path, const NewSqliteFile& copy)
 {
     RefuseWhatIsNoFile(path);
+    if (faccessat(AT_FDCWD, path.c_str(), R_OK, AT_EACCESS) != 0)
+        throw DatabaseError("The database file '" + path +
+                            "' cannot be read: " + std::generic_category().message(errno));
     SqliteSession source(path);
     source.WaitFor(60s);
     // Whether it is a database at all is seen before anything is copied.

@@ -17,5 +17,7 @@ void WithSqliteFileAlone(const std::string& path, const std::function<void()>& w
 
 /// Throws DatabaseError when there is no file of that path.
 void RefuseWhatIsNoFile(const std::string& path);
+/// Throws DatabaseError when this user may not read and write the file.
+void RefuseWhatCannotBeWritten(const std::string& path);
 
 }

@@ -37,3 +37,19 @@ TEST_CASE("Blanks around the words of an ODBC text do not count")
     CHECK(text.Has("Pwd"));
     CHECK_FALSE(text.Has("DSN"));
 }
+
+TEST_CASE("A connection text is asked whether it holds a password")
+{
+    for (const char* text :
+         {"postgresql://office:secret@db/rovanta", "postgresql://office@db/rovanta?sslmode=require&password=secret",
+          "Driver={FreeTDS};Server=db;UID=office;PWD=secret", "DSN=rovanta;UID=office;pwd={a;b}",
+          "DSN=rovanta;Password=secret", "DSN=rovanta;UID=office;PWD=sec;ret", "mysql://office:secret@db/rovanta"}) {
+        CAPTURE(text);
+        CHECK(HoldsPassword(text));
+    }
+    for (const char* text : {"rovanta.db", "sqlite:/srv/PWD=secret/rovanta.db", "postgresql://office@db/rovanta",
+                             "postgresql:///rovanta?host=/run", "DSN=rovanta;UID=office"}) {
+        CAPTURE(text);
+        CHECK_FALSE(HoldsPassword(text));
+    }
+}

@@ -60,6 +60,8 @@ std::vector<std::string> Names(const fs::path& folder, const std::string& beginn
     return names;
 }
 
+constexpr uid_t nobody = 65534;
+
 /// Who owns a file, and what may be done with it.
 std::pair<uid_t, mode_t> Access(const std::string& file)
 {
@@ -75,6 +77,16 @@ public:
 
     TestFolder store;
 };
+
+/// What a restore says to an ordinary user: the one of this run or, where that is root, one without a name.
+std::string RefusalOfOrdinaryUser(const Office& office)
+{
+    const bool root = geteuid() == 0;
+    REQUIRE((!root || (setegid(nobody) == 0 && seteuid(nobody) == 0)));
+    const std::string refusal = RefusalOf([&] { RestoreOffice(office.folder.path, office.Backup()); });
+    REQUIRE((!root || (seteuid(0) == 0 && setegid(0) == 0)));
+    return refusal;
+}
 
 }
 
@@ -147,10 +159,9 @@ TEST_CASE("a restored file belongs to whom the replaced one did, and a backup is
 {
     const Office office;
     const bool root = geteuid() == 0;
-    constexpr uid_t other = 65534;
-    const uid_t owner = root ? other : geteuid();
+    const uid_t owner = root ? nobody : geteuid();
     if (root)
-        REQUIRE(chown(office.Database().c_str(), other, other) == 0);
+        REQUIRE(chown(office.Database().c_str(), nobody, nobody) == 0);
     fs::permissions(office.Database(), fs::perms(0660));
     BackUpOffice(office.folder.path, office.Backup());
     CHECK(fs::status(office.Backup()).permissions() == fs::perms(0660));
@@ -161,11 +172,21 @@ TEST_CASE("a restored file belongs to whom the replaced one did, and a backup is
     SUBCASE("and a lost one to whom the folder does")
     {
         if (root)
-            REQUIRE(chown(office.folder.path.c_str(), other, other) == 0);
+            REQUIRE(chown(office.folder.path.c_str(), nobody, nobody) == 0);
         fs::permissions(office.folder.path, fs::perms(0770));
         fs::remove(office.Database());
         RestoreOffice(office.folder.path, office.Backup());
         CHECK(Access(office.Database()) == std::make_pair(owner, mode_t{0660}));
+    }
+    SUBCASE("and a backup needs to be readable alone")
+    {
+        fs::permissions(office.Backup(), fs::perms(0444));
+        fs::permissions(office.folder.path, fs::perms(0777));
+        fs::permissions(office.store.path, fs::perms(0755));
+        CHECK(RefusalOfOrdinaryUser(office) == "");
+        fs::permissions(office.Backup(), fs::perms(0));
+        CHECK(RefusalOfOrdinaryUser(office) ==
+              "The database file '" + office.Backup() + "' cannot be read: Permission denied");
     }
     SUBCASE("and who cannot give it to its owner is refused")
     {
@@ -175,11 +196,8 @@ TEST_CASE("a restored file belongs to whom the replaced one did, and a backup is
         fs::permissions(office.Database(), fs::perms(0666));
         fs::permissions(office.folder.path, fs::perms(0777));
         fs::permissions(office.store.path, fs::perms(0777));
-        REQUIRE(seteuid(other) == 0);
-        const std::string refusal = RefusalOf([&] { RestoreOffice(office.folder.path, office.Backup()); });
-        REQUIRE(seteuid(0) == 0);
-        CHECK(refusal == "The database file '" + office.Database() +
-                             "' belongs to another user: restore it as that user, or as root.");
+        CHECK(RefusalOfOrdinaryUser(office) ==
+              "The database file '" + office.Database() + "' belongs to another user or group: restore it as root.");
         CHECK(Access(office.Database()) == std::make_pair(uid_t{0}, mode_t{0666}));
     }
 }
@@ -259,6 +277,11 @@ TEST_CASE("for an office on a server the server's own command is told, without t
               .ends_with("\n  BACKUP DATABASE [office]]1] TO DISK = N'D:\\o''k.bak' WITH INIT, CHECKSUM"));
     CHECK(ServerRestoreAdvice("DSN=office;DATABASE=rovanta", "a.bak")
               .ends_with("\n  RESTORE DATABASE [rovanta] FROM DISK = N'a.bak' WITH REPLACE"));
+    CHECK(ServerBackupAdvice("DSN=rovanta; Database = {My Db};PWD={;Database=no}", "a.bak")
+              .ends_with("\n  BACKUP DATABASE [My Db] TO DISK = N'a.bak' WITH INIT, CHECKSUM"));
+    CHECK(
+        ServerBackupAdvice("DSN=rovanta;UID=office", "a.bak")
+            .ends_with("\n  BACKUP DATABASE <the database of the DSN rovanta> TO DISK = N'a.bak' WITH INIT, CHECKSUM"));
 
     const Office office;
     std::string config = ContentOf(office.ConfigPath());

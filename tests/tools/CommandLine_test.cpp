@@ -72,7 +72,11 @@ TEST_CASE("numbers and dates of options are whole and within bounds")
     CHECK(ComplaintOf({"demo", "office", "--seed", "-1"}).starts_with("The option --seed takes"));
     CHECK(ComplaintOf({"demo", "office", "--seed", ""}).starts_with("The option --seed takes"));
     CHECK(ComplaintOf({"demo", "office", "--today", "2/30/2027"}) ==
-          "The option --today takes a date such as 11/16/2026, not \"2/30/2027\".");
+          "The option --today takes a date from 1/1/1993 to 12/31/2078, such as 11/16/2026, not \"2/30/2027\".");
+    for (const char* day : {"1/1/1800", "12/31/1992", "1/1/2079", "soon"})
+        CHECK(ComplaintOf({"demo", "office", "--today", day}).starts_with("The option --today takes a date from"));
+    CHECK(ReadCommandLine({"demo", "office", "--today", "1/1/1993"}).today == DateTime::Of(1993, 1, 1));
+    CHECK(ReadCommandLine({"demo", "office", "--today", "12/31/2078"}).today == DateTime::Of(2078, 12, 31));
 }
 
 TEST_CASE("check, copy, backup and restore take what they need")

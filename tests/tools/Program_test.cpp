@@ -29,6 +29,22 @@ TEST_CASE("without a terminal the program does not wait for a password")
     CHECK_FALSE(std::filesystem::exists(test.File("office")));
 }
 
+TEST_CASE("the program takes the password from a line of its input")
+{
+    const TestFolder test;
+    const std::string folder = test.File("office");
+    rovanta::tests::WriteContent(test.File("password"), "from a file\nand no more\n");
+    CHECK(RunTool("create " + folder + " --password -", test.File("password")).code == 0);
+    rovanta::Connection connection;
+    connection.Open(folder + "/rovanta.db");
+    CHECK(rovanta::Recordset("SELECT Password FROM [User]", connection).FieldAt(0).Text() == "from a file");
+
+    const ToolOutcome refused = RunTool("create " + test.File("second") + " --password -");
+    CHECK(refused.code == 1);
+    CHECK(refused.output == "rovanta-db: The input ended before the password.\n");
+    CHECK_FALSE(std::filesystem::exists(test.File("second")));
+}
+
 TEST_CASE("the exit code tells a wrong command line from a failure")
 {
     CHECK(RunTool("--help").code == 0);

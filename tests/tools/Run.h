@@ -15,10 +15,10 @@ struct ToolOutcome {
     std::string output; ///< both streams
 };
 
-/// Runs rovanta-db with nobody at its standard input.
-inline ToolOutcome RunTool(const std::string& arguments)
+/// Runs rovanta-db with that file at its standard input, where nobody sits.
+inline ToolOutcome RunTool(const std::string& arguments, const std::string& input = "/dev/null")
 {
-    const std::string command = std::string(BINARY_FOLDER) + "/bin/rovanta-db " + arguments + " 2>&1 </dev/null";
+    const std::string command = std::string(BINARY_FOLDER) + "/bin/rovanta-db " + arguments + " 2>&1 <" + input;
     ToolOutcome outcome;
     std::FILE* pipe = popen(command.c_str(), "r");
     REQUIRE(pipe != nullptr);

@@ -46,7 +46,8 @@ TEST_CASE("an office is made on a server, checked and not made twice")
     CHECK(RunTool("check " + folder).output == "Nothing found.\n");
     const ToolOutcome again = RunTool("create " + test.File("second") + options);
     CHECK(again.code == 1);
-    CHECK(again.output.find("There is already an object named") != std::string::npos);
+    CHECK(again.output == "rovanta-db: The database holds an office already. For one more desk of it copy that "
+                          "office's config.txt, and let its folders be the same ones.\n");
     CHECK_FALSE(std::filesystem::exists(test.File("second")));
 
     Change(database.Text(), "INSERT INTO InvoicePayments (InvoiceID,PaymentDate,Amount) VALUES (9,'4/1/2026',70)");
@@ -54,6 +55,25 @@ TEST_CASE("an office is made on a server, checked and not made twice")
     CHECK(found.code == 1);
     CHECK(found.output == "Payments without an invoice: 1\n  payment 1: invoice 9, 4/1/2026, $70.00\n"
                           "Found 1 thing. Nothing was changed.\n");
+}
+
+TEST_CASE("a config.txt with a password is for its owner and its group alone")
+{
+    const TestFolder test;
+    const TestDatabase open("");
+    const TestDatabase keyed("");
+    const bool postgres = ChooseEngine(open.Text()) == EngineKind::Postgres;
+    std::string text = keyed.Text();
+    if (postgres)
+        text.replace(text.find("app@"), 4, "app:secret@");
+    const std::string options = " --user dana --password word --connection ";
+    REQUIRE(RunTool("create " + test.File("keyed") + options + Quoted(text)).code == 0);
+    REQUIRE(RunTool("create " + test.File("open") + options + Quoted(open.Text())).code == 0);
+    const auto rights = [&](const char* office) {
+        return std::filesystem::status(test.path / office / "config.txt").permissions();
+    };
+    CHECK(rights("keyed") == std::filesystem::perms(0640));
+    CHECK(rights("open") == std::filesystem::perms(postgres ? 0644 : 0640));
 }
 
 TEST_CASE("for an office on a server backup and restore name the server's own tool and do nothing")
