@@ -1,6 +1,6 @@
 #pragma once
 
-#include "bench/BareTour.h"
+#include "bench/BareDatabase.h"
 #include "billing/InvoicePlan.h"
 
 namespace rovanta::bench {
@@ -12,14 +12,14 @@ public:
     /// `type` is the word of the pass: "Daily" or "Monthly".
     explicit BarePass(BareDatabase& database, const std::string& type = "Daily");
 
-    void Run(sqlite3_int64 tour, sqlite3_int64 customer, const std::vector<std::string>& busIDs,
+    void Run(std::int64_t tour, std::int64_t customer, const std::vector<std::string>& busIDs,
              const std::vector<PlannedInvoice>& invoices, const std::string& now);
 
 private:
-    sqlite3_int64 WriteHead(sqlite3_int64 tour, sqlite3_int64 customer, const PlannedInvoice& invoice,
-                            const std::string& now);
-    void WriteLine(sqlite3_int64 invoiceID, int row, sqlite3_int64 tour, const InvoiceLine& line);
-    void ReadAll(BareStatement& statement, sqlite3_int64 tour);
+    std::int64_t WriteHead(std::int64_t tour, std::int64_t customer, const PlannedInvoice& invoice,
+                           const std::string& now);
+    void WriteLine(std::int64_t invoiceID, int row, std::int64_t tour, const InvoiceLine& line);
+    void ReadAll(BareStatement& statement, std::int64_t tour);
 
     BareStatement busType, clearPool, fillPool, clearLines, nextReusable, takeReusable;
     BareStatement head, update, anyHead, insert, line;

@@ -42,48 +42,60 @@ int Collate(void*, int leftLength, const void* left, int rightLength, const void
 
 }
 
-BareDatabase::BareDatabase(const std::string& path)
+BareSqlite::BareSqlite(const std::string& path)
 {
-    Check(handle, sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr));
+    sqlite3* opened = nullptr;
+    const int code = sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    handle.reset(opened);
+    Check(opened, code);
     // The text columns bear this collation, so nobody can touch their indexes without it.
-    sqlite3_create_collation_v2(handle, sqliteTextCollation, SQLITE_UTF8, nullptr, Collate, nullptr);
+    sqlite3_create_collation_v2(opened, sqliteTextCollation, SQLITE_UTF8, nullptr, Collate, nullptr);
     Run("PRAGMA journal_mode = WAL");
     Run("PRAGMA synchronous = FULL");
-    sqlite3_busy_timeout(handle, 10000);
+    sqlite3_busy_timeout(opened, 10000);
 }
 
-void BareDatabase::Run(const char* text)
+void BareSqlite::Run(const std::string& text)
 {
-    Check(handle, sqlite3_exec(handle, text, nullptr, nullptr, nullptr));
+    Check(Handle(), sqlite3_exec(Handle(), text.c_str(), nullptr, nullptr, nullptr));
 }
 
-BareStatement::BareStatement(sqlite3* database, const std::string& text)
+BareSqliteStatement::BareSqliteStatement(sqlite3* database, const std::string& text)
 {
-    Check(database, sqlite3_prepare_v3(database, text.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr));
+    sqlite3_stmt* prepared = nullptr;
+    Check(database, sqlite3_prepare_v3(database, text.c_str(), -1, SQLITE_PREPARE_PERSISTENT, &prepared, nullptr));
+    statement.reset(prepared);
 }
 
-bool BareStatement::Step()
+bool BareSqliteStatement::Step()
 {
-    const int code = sqlite3_step(statement);
+    const int code = sqlite3_step(statement.get());
     if (code == SQLITE_ROW)
         return true;
     if (code != SQLITE_DONE)
-        throw std::runtime_error(std::string("SQLite: ") + sqlite3_errmsg(sqlite3_db_handle(statement)));
+        throw std::runtime_error(std::string("SQLite: ") + sqlite3_errmsg(sqlite3_db_handle(statement.get())));
     return false;
 }
 
-void BareStatement::RunOnce()
+std::string BareSqliteStatement::Text(int column)
 {
-    while (Step()) {
-    }
-    Reset();
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement.get(), column));
+    return text == nullptr ? std::string{}
+                           : std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(statement.get(), column)));
 }
 
-std::string BareStatement::Text(int column)
+BareValue BareSqliteStatement::Value(int column)
 {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
-    return text == nullptr ? std::string{}
-                           : std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+    switch (sqlite3_column_type(statement.get(), column)) {
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_INTEGER:
+        return Whole(column);
+    case SQLITE_FLOAT:
+        return sqlite3_column_double(statement.get(), column);
+    default:
+        return Text(column);
+    }
 }
 
 StatementCounter::StatementCounter()

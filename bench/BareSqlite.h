@@ -1,65 +1,64 @@
 #pragma once
 
+#include "bench/BareValue.h"
+
 #include <sqlite3.h>
 
-#include <string>
+#include <memory>
 #include <string_view>
 
 namespace rovanta::bench {
 
 /// SQLite's C API as a plain C program uses it: what is done often is prepared once, values are bound, nothing is kept
 /// back. Failures throw std::runtime_error.
-class BareDatabase {
+class BareSqlite {
 public:
     /// Opens the office's database file with the office's own settings: WAL, every commit on the disk.
-    explicit BareDatabase(const std::string& path);
-    ~BareDatabase() { sqlite3_close(handle); }
-    BareDatabase(const BareDatabase&) = delete;
-    BareDatabase& operator=(const BareDatabase&) = delete;
+    explicit BareSqlite(const std::string& path);
 
-    void Run(const char* text);
-    sqlite3* Handle() { return handle; }
+    void Run(const std::string& text);
+    sqlite3* Handle() { return handle.get(); }
+
+    /// By what a row of a table without an identity is found again.
+    static constexpr const char* rowKey = "rowid";
+    /// What an INSERT ends with whose new key is to be read: nothing, the library tells it unasked.
+    static constexpr const char* returningKey = "";
 
 private:
-    sqlite3* handle = nullptr;
+    std::unique_ptr<sqlite3, decltype(&sqlite3_close)> handle{nullptr, sqlite3_close};
 };
 
 /// One prepared statement.
-class BareStatement {
+class BareSqliteStatement {
 public:
-    BareStatement(BareDatabase& database, const std::string& text) : BareStatement(database.Handle(), text) {}
-    BareStatement(sqlite3* database, const std::string& text);
-    ~BareStatement() { sqlite3_finalize(statement); }
-    BareStatement(const BareStatement&) = delete;
-    BareStatement& operator=(const BareStatement&) = delete;
+    BareSqliteStatement(BareSqlite& database, const std::string& text) : BareSqliteStatement(database.Handle(), text) {}
+    BareSqliteStatement(sqlite3* database, const std::string& text);
 
-    void Bind(int place, sqlite3_int64 number) { sqlite3_bind_int64(statement, place, number); }
-    void Bind(int place, double number) { sqlite3_bind_double(statement, place, number); }
+    void Bind(int place, std::int64_t number) { sqlite3_bind_int64(statement.get(), place, number); }
+    void Bind(int place, double number) { sqlite3_bind_double(statement.get(), place, number); }
     void Bind(int place, std::string_view text)
     {
-        sqlite3_bind_text(statement, place, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+        sqlite3_bind_text(statement.get(), place, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
     }
-    void BindNull(int place) { sqlite3_bind_null(statement, place); }
+    void BindNull(int place) { sqlite3_bind_null(statement.get(), place); }
 
     /// True when there is a row.
     bool Step();
-    /// Runs to the end and makes ready for the next use.
-    void RunOnce();
-    void Reset() { sqlite3_reset(statement); }
+    void Reset() { sqlite3_reset(statement.get()); }
+    /// The key of the row that was inserted.
+    std::int64_t NewKey() { return sqlite3_last_insert_rowid(sqlite3_db_handle(statement.get())); }
 
-    int Columns() const { return sqlite3_column_count(statement); }
-    sqlite3_int64 Whole(int column) { return sqlite3_column_int64(statement, column); }
-    double Number(int column) { return sqlite3_column_double(statement, column); }
-    int Type(int column) { return sqlite3_column_type(statement, column); }
-    const char* Name(int column) const { return sqlite3_column_name(statement, column); }
+    int Columns() const { return sqlite3_column_count(statement.get()); }
+    const char* Name(int column) const { return sqlite3_column_name(statement.get(), column); }
+    std::int64_t Whole(int column) { return sqlite3_column_int64(statement.get(), column); }
     std::string Text(int column);
-    sqlite3_int64 LastRow() const { return sqlite3_last_insert_rowid(sqlite3_db_handle(statement)); }
+    BareValue Value(int column);
 
 private:
-    sqlite3_stmt* statement = nullptr;
+    std::unique_ptr<sqlite3_stmt, decltype(&sqlite3_finalize)> statement{nullptr, sqlite3_finalize};
 };
 
-/// How many statements all connections of this process have begun while the counter lives.
+/// How many statements all SQLite connections of this process have begun while the counter lives.
 class StatementCounter {
 public:
     StatementCounter();

@@ -1,98 +1,80 @@
 #include "bench/BareTour.h"
 
+#include <array>
+
 namespace rovanta::bench {
 
-BareRow ReadRow(BareStatement& statement)
+/// The INSERT that writes a line with all its columns.
+static std::string InsertItemText(BareDatabase& database)
 {
-    BareRow row;
-    row.reserve(static_cast<std::size_t>(statement.Columns()));
-    for (int column = 0; column < statement.Columns(); ++column) {
-        switch (statement.Type(column)) {
-        case SQLITE_NULL:
-            row.emplace_back();
-            break;
-        case SQLITE_INTEGER:
-            row.emplace_back(statement.Whole(column));
-            break;
-        case SQLITE_FLOAT:
-            row.emplace_back(statement.Number(column));
-            break;
-        default:
-            row.emplace_back(statement.Text(column));
-        }
+    BareStatement item(database, R"(SELECT * FROM "TourItems" LIMIT 1)");
+    item.Step();
+    std::string names;
+    std::string marks;
+    for (int column = 0; column < item.Columns(); ++column) {
+        names += std::string(names.empty() ? "\"" : ", \"") + item.Name(column) + "\"";
+        marks += (marks.empty() ? "$" : ", $") + std::to_string(column + 1);
     }
-    return row;
-}
-
-void BindRow(BareStatement& statement, const BareRow& row, int firstPlace)
-{
-    int place = firstPlace;
-    for (const BareValue& value : row) {
-        if (const auto* whole = std::get_if<sqlite3_int64>(&value))
-            statement.Bind(place, *whole);
-        else if (const auto* number = std::get_if<double>(&value))
-            statement.Bind(place, *number);
-        else if (const auto* text = std::get_if<std::string>(&value))
-            statement.Bind(place, std::string_view(*text));
-        else
-            statement.BindNull(place);
-        ++place;
-    }
+    return "INSERT INTO \"TourItems\" (" + names + ") VALUES (" + marks + ")";
 }
 
 BareTour::BareTour(BareDatabase& database)
-    : database(database), customer(database, "SELECT * FROM Customer WHERE ID = ?"),
-      tour(database, "SELECT * FROM Tour WHERE ID = ?"),
-      lines(database, "SELECT TourItems.*, Bus.Name, Driver.Name, AddDvr.Name FROM TourItems LEFT JOIN Bus ON "
-                      "TourItems.BusID = Bus.ID LEFT JOIN Driver ON TourItems.DriverID = Driver.ID LEFT JOIN Driver "
-                      "AddDvr ON TourItems.AddDriverID = AddDvr.ID WHERE TourItems.TourID = ? ORDER BY TourItems.ID"),
-      invoices(database, "SELECT * FROM Invoice WHERE TourID = ? ORDER BY InvoiceDate, ID"),
-      payments(database, "SELECT * FROM InvoicePayments WHERE InvoiceID IN (SELECT ID FROM Invoice WHERE TourID = ?) "
-                         "ORDER BY PaymentDate, InvoiceID"),
-      updateTour(database, "UPDATE Tour SET DateEdited = ?, EditedBy = ? WHERE ID = ?"),
-      mail(database, "SELECT * FROM TourDropEmails WHERE TourID = ?"),
-      updateMail(database, "UPDATE TourDropEmails SET DateAdded = ? WHERE TourID = ?"),
-      deleteItems(database, "DELETE FROM TourItems WHERE TourID = ?"),
-      oneItem(database, "SELECT * FROM TourItems LIMIT 1"),
-      list(database, "SELECT Customer.Name, Tour.ID, TourName FROM Tour LEFT JOIN Customer ON Tour.CustomerID = "
-                     "Customer.ID ORDER BY Customer.Name, TourName")
+    : customer(database, R"(SELECT * FROM "Customer" WHERE "ID" = $1)"),
+      tour(database, R"(SELECT * FROM "Tour" WHERE "ID" = $1)"),
+      lines(database, R"(SELECT "TourItems".*, "Bus"."Name", "Driver"."Name", "AddDvr"."Name" FROM "TourItems"
+                         LEFT JOIN "Bus" ON "TourItems"."BusID" = "Bus"."ID"
+                         LEFT JOIN "Driver" ON "TourItems"."DriverID" = "Driver"."ID"
+                         LEFT JOIN "Driver" "AddDvr" ON "TourItems"."AddDriverID" = "AddDvr"."ID"
+                         WHERE "TourItems"."TourID" = $1 ORDER BY "TourItems"."ID")"),
+      invoices(database, R"(SELECT * FROM "Invoice" WHERE "TourID" = $1 ORDER BY "InvoiceDate" NULLS FIRST, "ID")"),
+      payments(database, R"(SELECT * FROM "InvoicePayments" WHERE "InvoiceID" IN (SELECT "ID" FROM "Invoice"
+                            WHERE "TourID" = $1) ORDER BY "PaymentDate" NULLS FIRST, "InvoiceID" NULLS FIRST)"),
+      updateTour(database, R"(UPDATE "Tour" SET "DateEdited" = $1, "EditedBy" = $2 WHERE "ID" = $3)"),
+      mail(database, R"(SELECT * FROM "TourDropEmails" WHERE "TourID" = $1)"),
+      updateMail(database, R"(UPDATE "TourDropEmails" SET "DateAdded" = $1 WHERE "TourID" = $2)"),
+      deleteItems(database, R"(DELETE FROM "TourItems" WHERE "TourID" = $1)"),
+      oneItem(database, R"(SELECT * FROM "TourItems" LIMIT 1)"), insertItem(database, InsertItemText(database)),
+      list(database, R"(SELECT "Customer"."Name", "Tour"."ID", "TourName" FROM "Tour"
+                        LEFT JOIN "Customer" ON "Tour"."CustomerID" = "Customer"."ID"
+                        ORDER BY "Customer"."Name" NULLS FIRST, "TourName" NULLS FIRST)")
 {
-    for (int column = 0; column < oneItem.Columns(); ++column)
-        itemColumns.push_back(oneItem.Name(column));
+    oneItem.Step();
+    itemColumns = static_cast<std::size_t>(oneItem.Columns());
+    oneItem.Reset();
 }
 
-void BareTour::Load(sqlite3_int64 id)
+void BareTour::Load(std::int64_t id)
 {
     tour.Bind(1, id);
     tour.Step();
-    head = ReadRow(tour);
+    head = tour.Row();
     tour.Reset();
-    customer.Bind(1, std::get<sqlite3_int64>(head[1]));
+    customer.Bind(1, std::get<std::int64_t>(head[1]));
     customer.Step();
-    ReadRow(customer);
+    customer.Row();
     customer.Reset();
     items.clear();
     lines.Bind(1, id);
     while (lines.Step()) {
-        items.push_back(ReadRow(lines));
+        items.push_back(lines.Row());
         // The names of the joined tables are shown and not written back.
-        items.back().resize(itemColumns.size());
+        items.back().resize(itemColumns);
     }
     lines.Reset();
     for (BareStatement* list : {&invoices, &payments}) {
         list->Bind(1, id);
         while (list->Step())
-            ReadRow(*list);
+            list->Row();
         list->Reset();
     }
 }
 
 void BareTour::Save(const std::string& now)
 {
-    const auto id = std::get<sqlite3_int64>(head[0]);
+    const auto id = std::get<std::int64_t>(head[0]);
     tour.Bind(1, id);
     tour.Step();
-    ReadRow(tour);
+    tour.Row();
     tour.Reset();
     updateTour.Bind(1, std::string_view(now));
     updateTour.Bind(2, std::string_view("office"));
@@ -100,7 +82,7 @@ void BareTour::Save(const std::string& now)
     updateTour.RunOnce();
     mail.Bind(1, id);
     mail.Step();
-    ReadRow(mail);
+    mail.Row();
     mail.Reset();
     updateMail.Bind(1, std::string_view(now));
     updateMail.Bind(2, id);
@@ -108,19 +90,11 @@ void BareTour::Save(const std::string& now)
     deleteItems.Bind(1, id);
     deleteItems.RunOnce();
     oneItem.Step();
-    ReadRow(oneItem);
+    oneItem.Row();
     oneItem.Reset();
-
-    std::string names;
-    std::string marks;
-    for (const std::string& column : itemColumns) {
-        names += (names.empty() ? "" : ", ") + column;
-        marks += marks.empty() ? "?" : ", ?";
-    }
-    BareStatement insert(database, "INSERT INTO TourItems (" + names + ") VALUES (" + marks + ")");
     for (const BareRow& item : items) {
-        BindRow(insert, item);
-        insert.RunOnce();
+        insertItem.BindRow(item);
+        insertItem.RunOnce();
     }
     LoadTourList();
 }

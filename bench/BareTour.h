@@ -1,19 +1,8 @@
 #pragma once
 
-#include "bench/BareSqlite.h"
-
-#include <string>
-#include <variant>
-#include <vector>
+#include "bench/BareDatabase.h"
 
 namespace rovanta::bench {
-
-/// A value as a plain program keeps it between reading and writing.
-using BareValue = std::variant<std::monostate, sqlite3_int64, double, std::string>;
-using BareRow = std::vector<BareValue>;
-
-BareRow ReadRow(BareStatement& statement);
-void BindRow(BareStatement& statement, const BareRow& row, int firstPlace = 1);
 
 /// What the tour screen does at the database when a tour is loaded and when it is saved, statement by statement, in
 /// plain C API calls.
@@ -21,21 +10,19 @@ class BareTour {
 public:
     explicit BareTour(BareDatabase& database);
 
-    void Load(sqlite3_int64 id);
+    void Load(std::int64_t id);
     /// Saves what was loaded; `now` is the new time of the edit.
     void Save(const std::string& now);
-
-    std::vector<BareRow> items;
 
 private:
     void LoadTourList();
 
-    BareDatabase& database;
     BareStatement customer, tour, lines, invoices, payments;
-    BareStatement updateTour, mail, updateMail, deleteItems, oneItem, list;
-    std::vector<std::string> itemColumns;
+    BareStatement updateTour, mail, updateMail, deleteItems, oneItem, insertItem, list;
+    std::size_t itemColumns = 0;
     BareRow head;
-    std::vector<std::pair<std::string, sqlite3_int64>> tourList;
+    std::vector<BareRow> items;
+    std::vector<std::pair<std::string, std::int64_t>> tourList;
 };
 
 }

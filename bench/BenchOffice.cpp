@@ -1,6 +1,7 @@
 #include "bench/BenchOffice.h"
 
 #include "app/OfficeMaker.h"
+#include "bench/BareDatabase.h"
 #include "tools/demo/Company.h"
 #include "tools/demo/RowWriter.h"
 #include "tools/demo/TourRows.h"
@@ -41,6 +42,18 @@ TourLine LongLine(const Tour& tour, const Fleet& fleet, int number, Dice& dice)
     return line;
 }
 
+/// A line of three days of which the bus alone is billed, so that a pass writes about as many invoices as lines.
+TourLine ShortLine(const Tour& tour, const Fleet& fleet, int number, Dice& dice)
+{
+    Tour part = tour;
+    part.start = AddDays(tour.start, number * BenchOffice::yearTourStep);
+    part.end = AddDays(part.start, 2);
+    TourLine line = LongLine(part, fleet, number, dice);
+    for (const Line charge : {Line::Driver, Line::Fuel, Line::Engine})
+        line.figures.payer[charge] = PaidBy::ClientResp;
+    return line;
+}
+
 Tour MakeTour(int id, const Customers& customers, const Fleet& fleet, Dice& dice)
 {
     Tour tour;
@@ -59,6 +72,10 @@ Tour MakeTour(int id, const Customers& customers, const Fleet& fleet, Dice& dice
         tour.end = AddDays(tour.start, BenchOffice::longTourDays - 1);
         for (int i = 0; i < BenchOffice::longTourLines; ++i)
             tour.lines.push_back(LongLine(tour, fleet, i, dice));
+    } else if (id == BenchOffice::yearTour) {
+        tour.end = AddDays(tour.start, BenchOffice::yearTourLines * BenchOffice::yearTourStep - 1);
+        for (int i = 0; i < BenchOffice::yearTourLines; ++i)
+            tour.lines.push_back(ShortLine(tour, fleet, i, dice));
     } else {
         tour.lines.push_back(LineOf(tour, fleet, dice));
     }
@@ -91,15 +108,22 @@ void Furnish(Connection& connection)
 
 }
 
-BenchOffice::BenchOffice(const std::filesystem::path& parent)
+BenchOffice::BenchOffice(const std::filesystem::path& parent, const std::string& connection)
     : folder(parent / ("bench-office-" + std::to_string(getpid())))
 {
     OfficePlan plan;
     plan.folder = folder;
+    plan.connection = connection;
     plan.user = "office";
     plan.password = "word";
-    plan.furnish = [](Connection& connection, const Configuration&) { Furnish(connection); };
+    plan.furnish = [](Connection& database, const Configuration&) { Furnish(database); };
     CreateOffice(plan);
+    BareDatabase(ConnectionText()).KeepHouse();
+}
+
+std::string BenchOffice::ConnectionText() const
+{
+    return ReadConfigFile(ConfigPath()).ConnectionString;
 }
 
 BenchOffice::~BenchOffice()

@@ -20,30 +20,28 @@ constexpr int tourInvoices = 200;
 constexpr int tourPayments = 400;
 
 /// Adds a contract to the office and tells its key.
-std::int64_t AddTour(BareDatabase& database, const char* name)
+std::int64_t AddTour(BareDatabase& database, const std::string& name)
 {
-    database.Run(
-        (std::string("INSERT INTO Tour (CustomerID, TourName, Status) VALUES (1, '") + name + "', 'Contract - Signed')")
-            .c_str());
-    BareStatement key(database, "SELECT MAX(ID) FROM Tour");
-    key.Step();
-    return key.Whole(0);
+    BareStatement tour(database, R"(INSERT INTO "Tour" ("CustomerID", "TourName", "Status")
+                                    VALUES (1, $1, 'Contract - Signed'))" +
+                                     database.ReturningKey());
+    tour.Bind(1, std::string_view(name));
+    return tour.RunForKey();
 }
 
 /// A tour of twenty vehicles by the month, three years long, with a lease and three fees each.
 std::int64_t AddMonthlyTour(BareDatabase& database)
 {
     const std::int64_t tour = AddTour(database, "Three Years");
-    BareStatement line(database,
-                       "INSERT INTO TourItems (ID, TourID, BusID, StartDate, EndDate, TravelDaysIn, "
-                       "TravelDaysOut, BilledDays, BusRate, BusRateType, BusTotal, BusContract, DOTRate, "
-                       "DOTContract, SatelliteRate, SatelliteContract, InternetRate, InternetContract) VALUES "
-                       "(?, ?, ?, '2026-01-01 00:00:00', '2028-12-31 00:00:00', 0, 0, 1096, 30000, "
-                       "'Per Month', 1080000, 1, 300, 1, 400, 1, 150, 1)");
-    for (int i = 1; i <= monthlyLines; ++i) {
-        line.Bind(1, static_cast<sqlite3_int64>(i));
-        line.Bind(2, static_cast<sqlite3_int64>(tour));
-        line.Bind(3, static_cast<sqlite3_int64>(i));
+    BareStatement line(database, R"(INSERT INTO "TourItems" ("ID", "TourID", "BusID", "StartDate", "EndDate",
+        "TravelDaysIn", "TravelDaysOut", "BilledDays", "BusRate", "BusRateType", "BusTotal", "BusContract", "DOTRate",
+        "DOTContract", "SatelliteRate", "SatelliteContract", "InternetRate", "InternetContract")
+        VALUES ($1, $2, $3, '2026-01-01 00:00:00', '2028-12-31 00:00:00', 0, 0, 1096, 30000, 'Per Month', 1080000, 1,
+                300, 1, 400, 1, 150, 1))");
+    for (std::int64_t i = 1; i <= monthlyLines; ++i) {
+        line.Bind(1, i);
+        line.Bind(2, tour);
+        line.Bind(3, i);
         line.RunOnce();
     }
     return tour;
@@ -53,23 +51,23 @@ std::int64_t AddMonthlyTour(BareDatabase& database)
 std::int64_t AddInvoicedTour(BareDatabase& database)
 {
     const std::int64_t tour = AddTour(database, "Much Invoiced");
-    const std::string key = std::to_string(tour);
+    BareStatement invoice(database, R"(INSERT INTO "Invoice" ("TourID", "CustomerID", "InvoiceDate", "DueDate",
+        "SubTotal", "Tax", "InvoiceTotal", "Paid", "Type", "EnteredBy", "EnteredDate")
+        VALUES ($1, 1, '2026-01-05 00:00:00', '2026-01-05 00:00:00', 1000, 0, 1000, 500, 'Manual', 'office',
+                '2026-01-01 09:00:00'))" +
+                                        database.ReturningKey());
+    BareStatement payment(database, R"(INSERT INTO "InvoicePayments" ("InvoiceID", "PaymentDate", "Amount",
+        "PaymentMethod", "EnteredBy", "EnteredDate")
+        VALUES ($1, '2026-02-01 00:00:00', 250, 'Check', 'office', '2026-02-01 09:00:00'))");
     database.Run("BEGIN");
-    for (int i = 0; i < tourInvoices; ++i)
-        database.Run(("INSERT INTO Invoice (TourID, CustomerID, InvoiceDate, DueDate, SubTotal, Tax, InvoiceTotal, "
-                      "Paid, Type, EnteredBy, EnteredDate) VALUES (" +
-                      key +
-                      ", 1, '2026-01-05 00:00:00', '2026-01-05 00:00:00', 1000, 0, 1000, 500, 'Manual', "
-                      "'office', '2026-01-01 09:00:00')")
-                         .c_str());
-    for (int i = 0; i < tourPayments; ++i)
-        database.Run(("INSERT INTO InvoicePayments (InvoiceID, PaymentDate, Amount, PaymentMethod, EnteredBy, "
-                      "EnteredDate) SELECT MIN(ID) + " +
-                      std::to_string(i / 2) +
-                      ", '2026-02-01 00:00:00', 250, 'Check', 'office', "
-                      "'2026-02-01 09:00:00' FROM Invoice WHERE TourID = " +
-                      key)
-                         .c_str());
+    for (int i = 0; i < tourInvoices; ++i) {
+        invoice.Bind(1, tour);
+        const std::int64_t key = invoice.RunForKey();
+        for (int j = 0; j < tourPayments / tourInvoices; ++j) {
+            payment.Bind(1, key);
+            payment.RunOnce();
+        }
+    }
     database.Run("COMMIT");
     return tour;
 }
@@ -77,6 +75,7 @@ std::int64_t AddInvoicedTour(BareDatabase& database)
 std::vector<Result> MeasureMonthlyPass(Desk& desk, BareDatabase& database)
 {
     const std::int64_t tour = AddMonthlyTour(database);
+    database.KeepHouse();
     auto& screen = desk.app.Open<frmRentalEntry>();
     screen.LoadTour(std::to_string(tour));
     auto& dialog = desk.app.Open<frmCreateInvoices>();
@@ -87,6 +86,7 @@ std::vector<Result> MeasureMonthlyPass(Desk& desk, BareDatabase& database)
     if (planned.size() != months)
         throw std::runtime_error("The monthly tour makes " + std::to_string(planned.size()) + " invoices");
     std::vector<std::string> busIDs;
+    busIDs.reserve(items.size());
     for (const BilledItem& item : items)
         busIDs.push_back(item.busID);
     BarePass bare(database, "Monthly");
@@ -103,9 +103,10 @@ std::vector<Result> MeasureMonthlyPass(Desk& desk, BareDatabase& database)
         desk.PassTime();
         const double preview = MillisecondsOf([&] { dialog.btnPreview2.Click.Fire(); });
         double pass = 0;
-        programStatements = StatementsOf([&] { pass = MillisecondsOf([&] { dialog.btnCalculate2.Click.Fire(); }); });
+        programStatements =
+            StatementsOf(desk, [&] { pass = MillisecondsOf([&] { dialog.btnCalculate2.Click.Fire(); }); });
         double plain = 0;
-        bareStatements = StatementsOf([&] {
+        bareStatements = StatementsOf(desk, [&] {
             plain =
                 MillisecondsOf([&] { bare.Run(tour, 1, busIDs, planned, "2026-03-03 10:00:1" + std::to_string(i)); });
         });
@@ -127,25 +128,27 @@ std::vector<Result> MeasureMonthlyPass(Desk& desk, BareDatabase& database)
 std::vector<Result> MeasureBillingPage(Desk& desk, BareDatabase& database)
 {
     const std::int64_t tour = AddInvoicedTour(database);
+    database.KeepHouse();
     auto& screen = desk.app.Open<frmRentalEntry>();
     screen.LoadTour(std::to_string(tour));
-    BareStatement invoices(database, "SELECT * FROM Invoice WHERE TourID = ? ORDER BY InvoiceDate, ID");
-    BareStatement payments(database, "SELECT * FROM InvoicePayments WHERE InvoiceID IN (SELECT ID FROM Invoice WHERE "
-                                     "TourID = ?) ORDER BY PaymentDate, InvoiceID");
+    BareStatement invoices(database,
+                           R"(SELECT * FROM "Invoice" WHERE "TourID" = $1 ORDER BY "InvoiceDate" NULLS FIRST, "ID")");
+    BareStatement payments(database, R"(SELECT * FROM "InvoicePayments" WHERE "InvoiceID" IN (SELECT "ID" FROM "Invoice"
+                     WHERE "TourID" = $1) ORDER BY "PaymentDate" NULLS FIRST, "InvoiceID" NULLS FIRST)");
     const auto page = [&] {
         screen.LoadTourInvoices();
         screen.LoadTourPayments();
     };
     const auto bare = [&] {
         for (BareStatement* each : {&invoices, &payments}) {
-            each->Bind(1, static_cast<sqlite3_int64>(tour));
+            each->Bind(1, tour);
             while (each->Step())
-                ReadRow(*each);
+                each->Row();
             each->Reset();
         }
     };
-    const int program = StatementsOf(page);
-    const int plain = StatementsOf(bare);
+    const int program = StatementsOf(desk, page);
+    const int plain = StatementsOf(desk, bare);
     const Pair times = MediansOf(21, page, bare);
     desk.app.Unload(screen);
     desk.app.DropClosed();
@@ -155,25 +158,21 @@ std::vector<Result> MeasureBillingPage(Desk& desk, BareDatabase& database)
 
 std::vector<Result> MeasurePayment(Desk& desk, BareDatabase& database)
 {
-    database.Run("INSERT INTO Customer (Name) VALUES ('0 Paying Customer')");
-    BareStatement newest(database, "SELECT MAX(ID) FROM Customer");
-    newest.Step();
-    const std::string customer = std::to_string(newest.Whole(0));
-    newest.Reset();
-    database.Run(("INSERT INTO Invoice (TourID, CustomerID, SubTotal, Tax, InvoiceTotal, Paid, Type) VALUES (1, " +
-                  customer + ", 1000000, 0, 1000000, 0, 'Manual')")
-                     .c_str());
-    BareStatement key(database, "SELECT MAX(ID) FROM Invoice");
-    key.Step();
-    const sqlite3_int64 invoice = key.Whole(0);
-    key.Reset();
+    BareStatement payer(database,
+                        R"(INSERT INTO "Customer" ("Name") VALUES ('0 Paying Customer'))" + database.ReturningKey());
+    BareStatement bill(database, R"(INSERT INTO "Invoice" ("TourID", "CustomerID", "SubTotal", "Tax", "InvoiceTotal",
+                                    "Paid", "Type") VALUES (1, $1, 1000000, 0, 1000000, 0, 'Manual'))" +
+                                     database.ReturningKey());
+    bill.Bind(1, payer.RunForKey());
+    const std::int64_t invoice = bill.RunForKey();
 
     auto& screen = desk.app.Open<frmReceivePayment>();
-    BareStatement any(database, "SELECT * FROM InvoicePayments LIMIT 1");
-    BareStatement insert(database, "INSERT INTO InvoicePayments (InvoiceID, PaymentDate, Amount, PaymentMethod, Note, "
-                                   "EnteredBy, EnteredDate) VALUES (?, '2026-03-02 00:00:00', 1.25, 'Cash', '', "
-                                   "'office', '2026-03-02 09:00:00')");
-    BareStatement raise(database, "UPDATE Invoice SET Paid = Paid + 1.25 WHERE ID = ?");
+    BareStatement any(database, R"(SELECT * FROM "InvoicePayments" LIMIT 1)");
+    BareStatement insert(database, R"(INSERT INTO "InvoicePayments" ("InvoiceID", "PaymentDate", "Amount",
+        "PaymentMethod", "Note", "EnteredBy", "EnteredDate")
+        VALUES ($1, '2026-03-02 00:00:00', 1.25, 'Cash', '', 'office', '2026-03-02 09:00:00'))" +
+                                       database.ReturningKey());
+    BareStatement raise(database, R"(UPDATE "Invoice" SET "Paid" = "Paid" + 1.25 WHERE "ID" = $1)");
     std::vector<double> programTimes;
     std::vector<double> bareTimes;
     int programStatements = 0;
@@ -185,15 +184,15 @@ std::vector<Result> MeasurePayment(Desk& desk, BareDatabase& database)
         screen.txtPaymentAmount = "1.25";
         screen.cmbPaymentMethod = "Cash";
         double time = 0;
-        programStatements = StatementsOf([&] { time = MillisecondsOf([&] { screen.btnSave.Click.Fire(); }); });
+        programStatements = StatementsOf(desk, [&] { time = MillisecondsOf([&] { screen.btnSave.Click.Fire(); }); });
         programTimes.push_back(time);
-        bareStatements = StatementsOf([&] {
+        bareStatements = StatementsOf(desk, [&] {
             time = MillisecondsOf([&] {
                 any.Step();
-                ReadRow(any);
+                any.Row();
                 any.Reset();
                 insert.Bind(1, invoice);
-                insert.RunOnce();
+                insert.RunForKey();
                 raise.Bind(1, invoice);
                 raise.RunOnce();
             });
@@ -210,7 +209,7 @@ std::vector<Result> MeasurePayment(Desk& desk, BareDatabase& database)
 
 std::vector<Result> MeasureBilling(const BenchOffice& office, Desk& desk)
 {
-    BareDatabase database(office.DatabasePath());
+    BareDatabase database(office.ConnectionText());
     std::vector<Result> results;
     for (auto measure : {MeasureMonthlyPass, MeasureBillingPage, MeasurePayment}) {
         for (Result& result : measure(desk, database))

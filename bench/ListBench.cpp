@@ -1,4 +1,4 @@
-#include "bench/BareSqlite.h"
+#include "bench/BareDatabase.h"
 #include "bench/Benches.h"
 #include "bench/Desk.h"
 #include "bench/StatementsOf.h"
@@ -12,9 +12,9 @@ namespace rovanta::bench {
 
 std::vector<Result> MeasureLists(const BenchOffice& office, Desk& desk)
 {
-    BareDatabase database(office.DatabasePath());
-    BareStatement states(database, "SELECT State FROM State ORDER BY State");
-    BareStatement customers(database, "SELECT ID, Name FROM Customer ORDER BY Name");
+    BareDatabase database(office.ConnectionText());
+    BareStatement states(database, R"(SELECT "State" FROM "State" ORDER BY "State" NULLS FIRST)");
+    BareStatement customers(database, R"(SELECT "ID", "Name" FROM "Customer" ORDER BY "Name" NULLS FIRST)");
     const auto open = [&] {
         auto& screen = desk.app.Open<frmCustomerEntry2>();
         if (screen.cmbCustomer.ListCount() != BenchOffice::customers)
@@ -22,7 +22,7 @@ std::vector<Result> MeasureLists(const BenchOffice& office, Desk& desk)
         desk.app.Unload(screen);
         desk.app.DropClosed();
     };
-    std::vector<std::pair<std::string, sqlite3_int64>> list;
+    std::vector<std::pair<std::string, std::int64_t>> list;
     std::vector<std::string> stateList;
     constexpr int stateCombos = 5;
     const auto bare = [&] {
@@ -37,7 +37,7 @@ std::vector<Result> MeasureLists(const BenchOffice& office, Desk& desk)
             list.emplace_back(customers.Text(1), customers.Whole(0));
         customers.Reset();
     };
-    const std::string counts = CountsOf(StatementsOf(open), StatementsOf(bare));
+    const std::string counts = CountsOf(StatementsOf(desk, open), StatementsOf(desk, bare));
     const Pair times = MediansOf(15, open, bare);
     return {Compared("Opening the customer screen with its list of 20,000", times.program, times.bare, std::nullopt,
                      counts)};

@@ -6,7 +6,7 @@
 
 namespace rovanta::bench {
 
-/// One line of the results.
+/// What a piece of work took on one engine.
 struct Result {
     std::string what;
     std::string program; ///< what the program took, with its unit
@@ -24,7 +24,10 @@ std::string Shown(double figure, const std::string& unit);
 Result Compared(const std::string& what, double program, double bare, std::optional<double> aim,
                 const std::string& note);
 
-/// The results as a table in Markdown, with a word on each aim.
-std::string TableOf(const std::vector<Result>& results);
+/// The results of both engines side by side as a table in Markdown, with a word on each aim.
+std::string TableOf(const std::vector<Result>& sqlite, const std::vector<Result>& postgres);
+
+/// Results that no database takes part in.
+std::string PlainTableOf(const std::vector<Result>& results);
 
 }

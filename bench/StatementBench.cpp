@@ -1,11 +1,11 @@
-#include "bench/BareSqlite.h"
+#include "bench/BareDatabase.h"
 #include "bench/BenchOffice.h"
 #include "bench/Benches.h"
 #include "bench/Timing.h"
-#include "frame/Configuration.h"
 #include "store/Connection.h"
 #include "store/Engine.h"
 #include "store/PlanMaker.h"
+#include "store/PostgresDialect.h"
 #include "store/SqliteDialect.h"
 #include "store/Translator.h"
 
@@ -40,12 +40,15 @@ static constexpr std::array statements = {
 
 std::vector<Result> MeasureStatements(const BenchOffice& office)
 {
+    BareDatabase database(office.ConnectionText());
+    BarePostgres* server = database.Postgres();
     Connection connection;
-    connection.Open(ReadConfigFile(office.ConfigPath()).ConnectionString);
+    connection.Open(office.ConnectionText());
     Catalogue& catalogue = connection.GetEngine().Tables();
-    Translator translator([](const ParsedStatement& statement) { return MakePlan(statement, SqliteDialect()); });
-    // What comes out asks for functions that only the program's own connection has.
-    sqlite3* database = StatementCounter::NewestConnection();
+    const SqlDialect& dialect = server != nullptr ? PostgresDialect() : SqliteDialect();
+    Translator translator([&](const ParsedStatement& statement) { return MakePlan(statement, dialect); });
+    // What comes out asks for functions that only the program's own connection to a file has.
+    sqlite3* file = StatementCounter::NewestConnection();
     std::vector<std::string> translated;
     for (const char* statement : statements)
         translated.push_back(translator.Translate(statement, catalogue).plan->statements.back());
@@ -67,7 +70,10 @@ std::vector<Result> MeasureStatements(const BenchOffice& office)
     const auto prepare = [&] {
         for (int i = 0; i < rounds; ++i)
             for (const std::string& statement : translated)
-                BareStatement prepared(database, statement);
+                if (server != nullptr)
+                    server->Prepare(statement);
+                else
+                    BareSqliteStatement prepared(file, statement);
     };
     const Pair fresh = MediansOf(9, translateNew, prepare);
     const Pair known = MediansOf(9, translateKnown, prepare);
@@ -78,7 +84,7 @@ std::vector<Result> MeasureStatements(const BenchOffice& office)
                       program / bare,
                       std::nullopt,
                       std::nullopt,
-                      "beside it: SQLite preparing what comes out"};
+                      "beside it: the engine preparing what comes out"};
     };
     return {result("Parsing and translating a statement of a new shape", fresh.program, fresh.bare),
             result("The same for a shape seen before", known.program, known.bare)};

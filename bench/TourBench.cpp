@@ -9,15 +9,15 @@ namespace rovanta::bench {
 
 std::vector<Result> MeasureTours(const BenchOffice& office, Desk& desk)
 {
-    BareDatabase database(office.DatabasePath());
+    BareDatabase database(office.ConnectionText());
     BareTour bare(database);
     auto& screen = desk.app.Open<frmRentalEntry>();
     const std::string tour = std::to_string(BenchOffice::largeTour);
 
     const auto load = [&] { screen.LoadTour(tour); };
     const auto bareLoad = [&] { bare.Load(BenchOffice::largeTour); };
-    const int loadStatements = StatementsOf(load);
-    const int bareLoadStatements = StatementsOf(bareLoad);
+    const int loadStatements = StatementsOf(desk, load);
+    const int bareLoadStatements = StatementsOf(desk, bareLoad);
     const Pair loading = MediansOf(21, load, bareLoad);
 
     int saves = 0;
@@ -32,9 +32,9 @@ std::vector<Result> MeasureTours(const BenchOffice& office, Desk& desk)
         return MillisecondsOf(work);
     };
     load();
-    const int saveStatements = StatementsOf(save);
+    const int saveStatements = StatementsOf(desk, save);
     bareLoad();
-    const int bareSaveStatements = StatementsOf(bareSave);
+    const int bareSaveStatements = StatementsOf(desk, bareSave);
     std::vector<double> programTimes;
     std::vector<double> bareTimes;
     constexpr int repetitions = 15;

@@ -46,6 +46,7 @@ public:
 
 private:
     std::string Span(DateTime first, DateTime last) const;
+    bool HasDays(double rate, DateTime first, DateTime last) const;
     void AddDays(InvoiceLine line, DateTime first, DateTime last);
     void AddEach(const BilledItem& item, const ShareLine& share, const std::string& description, double rate);
 
@@ -58,11 +59,16 @@ std::string PeriodLines::Span(DateTime first, DateTime last) const
     return " (" + ToText(std::max(first, period.start)) + " - " + ToText(std::min(last, period.end)) + ")";
 }
 
+/// Whether days of a span are billed in the period. Most lines of a long tour have none in most periods, and no words
+/// are put together for those.
+bool PeriodLines::HasDays(double rate, DateTime first, DateTime last) const
+{
+    return rate != 0 && OverlapDays(period.start, period.end, first, last) != 0;
+}
+
 void PeriodLines::AddDays(InvoiceLine line, DateTime first, DateTime last)
 {
     line.qty2 = static_cast<double>(OverlapDays(period.start, period.end, first, last));
-    if (line.qty2 == 0 || line.rate == 0)
-        return;
     line.uom = "Days";
     line.periodStart = period.start;
     line.periodEnd = period.end;
@@ -84,6 +90,8 @@ void PeriodLines::AddBus(const BilledItem& item, DateTime first)
         return;
     // The span rests on the total and not on the days, so a total changed by hand shifts the day count.
     const DateTime last = rovanta::AddDays(first, WholeDays(bus.total / bus.rate) - 1);
+    if (!HasDays(bus.rate, first, last))
+        return;
     InvoiceLine line;
     line.description = item.busName + Span(first, last);
     line.rate = bus.rate;
@@ -102,6 +110,8 @@ void PeriodLines::AddDriver(const BilledItem& item, DateTime first, BilledCharge
     if (!item[charge].byContract)
         return;
     const DateTime last = rovanta::AddDays(first, WholeDays(item.billedDays) - 1);
+    if (!HasDays(item[charge].rate, first, last))
+        return;
     InvoiceLine line;
     line.description = driver + Span(first, last);
     line.rate = item[charge].rate;
@@ -142,7 +152,7 @@ std::string TextOf(const BilledItem& item, const ShareLine& share)
 void PeriodLines::AddShare(const BilledItem& item, const ShareLine& share)
 {
     const ChargeFigures& charge = item[share.charge];
-    if (!charge.byContract)
+    if (!charge.byContract || charge.total == 0)
         return;
     const std::string fraction = std::to_string(period.number) + "/" + std::to_string(period.count) + " of ";
     AddEach(item, share, fraction + TextOf(item, share), charge.total / period.count);
@@ -155,7 +165,7 @@ void PeriodLines::AddLump(const BilledItem& item, const ShareLine& lump, OtherCh
         return;
     }
     const ChargeFigures& charge = item[lump.charge];
-    if (period.number == period.count && charge.byContract)
+    if (period.number == period.count && charge.byContract && charge.total != 0)
         AddEach(item, lump, TextOf(item, lump), charge.total);
 }
 

@@ -10,6 +10,7 @@
 #include "values/Text.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 
 namespace rovanta {
@@ -60,7 +61,7 @@ public:
         command.text += values.empty() ? " DEFAULT VALUES" : ") VALUES (" + marks + ")";
         const ColumnInfo* identity = table.Identity();
         command.text += " RETURNING " + (identity != nullptr ? PostgresName(identity->name) : "ctid");
-        const PostgresRows inserted = RunOne(command);
+        const PostgresRows inserted = RunOne(std::move(command));
         const std::int64_t rowKey = RowKeyFromPostgres(inserted.Text(0, 0));
         return {rowKey, identity != nullptr ? Value(rowKey) : Value()};
     }
@@ -76,7 +77,7 @@ public:
         }
         AddRowCondition(command, table, rowKey, read);
         command.text += " RETURNING ctid";
-        const PostgresRows changed = RunOne(command);
+        const PostgresRows changed = RunOne(std::move(command));
         if (changed.RowCount() == 0)
             return false;
         // The new version of the row lies elsewhere.
@@ -89,7 +90,7 @@ public:
     {
         PostgresCommand command{"DELETE FROM " + PostgresName(table.name), {}, true};
         AddRowCondition(command, table, rowKey, read);
-        return RunOne(command).ChangedCount() > 0;
+        return RunOne(std::move(command)).ChangedCount() > 0;
     }
 
     void BeginSnapshot() override
@@ -206,11 +207,16 @@ private:
         equippedHere = transaction != TransactionState::None;
     }
 
-    PostgresRows RunOne(const PostgresCommand& command) { return Run({command}).front(); }
+    PostgresRows RunOne(PostgresCommand command)
+    {
+        Commands commands;
+        commands.push_back(std::move(command));
+        return Run(std::move(commands)).front();
+    }
 
     /// Runs commands, all or nothing. Within a transaction those that fail end themselves alone; what that takes
     /// travels in the same round trip.
-    std::vector<PostgresRows> Run(const Commands& commands)
+    std::vector<PostgresRows> Run(Commands commands)
     {
         if (transaction == TransactionState::None)
             return session.Run(commands);
@@ -220,7 +226,7 @@ private:
         transaction = TransactionState::Begun;
         guarded.push_back({"SAVEPOINT statement", {}, true});
         const auto before = static_cast<std::ptrdiff_t>(guarded.size());
-        guarded.insert(guarded.end(), commands.begin(), commands.end());
+        std::move(commands.begin(), commands.end(), std::back_inserter(guarded));
         guarded.push_back({"RELEASE SAVEPOINT statement", {}, true});
         try {
             std::vector<PostgresRows> rows = session.Run(guarded);
@@ -252,7 +258,8 @@ private:
 
     void Change(const Plan& plan, const std::vector<Literal>& literals) override
     {
-        Commands commands{Bound(plan, literals)};
+        Commands commands;
+        commands.push_back(Bound(plan, literals));
         // Rows that brought their own number push the table's numbering behind them.
         if (plan.numbered) {
             const std::string name = PostgresName(plan.numbered->name);
@@ -263,7 +270,7 @@ private:
                                 {},
                                 true});
         }
-        Run(commands);
+        Run(std::move(commands));
     }
 
     /// Changes the tables and tells the other desks.
@@ -278,7 +285,7 @@ private:
         commands.back().repeated = false;
         commands.push_back(Bare(newsText));
         commands.push_back(Bare(catalogueText));
-        TakeRows(Run(commands).back());
+        TakeRows(Run(std::move(commands)).back());
     }
 
     void Step(TransactionStep step) override

@@ -222,8 +222,12 @@ static std::vector<Oid> TypesOf(const PostgresCommand& command)
 static std::string KeyOf(const PostgresCommand& command)
 {
     std::string key = command.text;
-    for (const PostgresArgument& argument : command.arguments)
-        key += " " + std::to_string(static_cast<unsigned>(argument.type));
+    key.push_back('\0');
+    for (const PostgresArgument& argument : command.arguments) {
+        const auto type = static_cast<unsigned>(argument.type);
+        key.push_back(static_cast<char>(type >> 8U));
+        key.push_back(static_cast<char>(type & 0xFFU));
+    }
     return key;
 }
 
