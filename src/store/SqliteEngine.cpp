@@ -211,7 +211,7 @@ std::unique_ptr<Engine> OpenSqlite(const std::string& path)
     RefuseWhatIsNoFile(path);
     RefuseWhatCannotBeWritten(path);
     SqliteSession session(path);
-    session.WaitFor(10s);
+    session.WaitFor(9500ms);
     const int version = std::atoi(session.AnswerOfFile("PRAGMA user_version").c_str());
     if (version != 0 && version != schemaVersion)
         throw DatabaseError("The database file '" + path + "' holds version " + std::to_string(version) +

@@ -30,6 +30,7 @@ bool Contains(const std::string& text, std::string_view what)
 RowSet MadeRows(const std::vector<std::pair<const char*, TypeKind>>& columns, std::vector<Value> cells)
 {
     std::vector<SourceColumn> sources;
+    sources.reserve(columns.size());
     for (const auto& [name, kind] : columns)
         sources.push_back({name, {kind, kind == TypeKind::Varchar ? 128 : 0}, nullptr, nullptr});
     const std::size_t rowCount = cells.size() / columns.size();
@@ -149,7 +150,7 @@ fs::path BatchRunner::FileOf(const fs::path& folder, const std::string& database
     return folder / (database + ".db");
 }
 
-BatchRunner::BatchRunner(fs::path home, const std::string& name) : folder(std::move(home)), database(name)
+BatchRunner::BatchRunner(fs::path home, std::string name) : folder(std::move(home)), database(std::move(name))
 {
     if (database != "master")
         connection.Open(FileOf(folder, database).string());

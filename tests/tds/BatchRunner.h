@@ -14,7 +14,7 @@ namespace rovanta::tds {
 class BatchRunner {
 public:
     /// `database` is the name in the login: the file of that name in the folder, or "master", where there is none.
-    BatchRunner(std::filesystem::path folder, const std::string& database);
+    BatchRunner(std::filesystem::path folder, std::string database);
 
     /// Runs the statements of a batch up to the first that fails; whether none did.
     bool Run(const std::string& batch, Answer& answer);

@@ -1,5 +1,5 @@
-#include "store/Connection.h"
 #include "store/DatabaseError.h"
+#include "tests/store/TestOffice.h"
 
 #include <doctest/doctest.h>
 
@@ -10,6 +10,7 @@
 
 #include <dlfcn.h>
 #include <netdb.h>
+#include <sqlite3.h>
 
 using namespace rovanta;
 
@@ -28,6 +29,23 @@ extern "C" int getaddrinfo(const char* name, const char* service, const addrinfo
 }
 
 namespace {
+
+/// A database file that somebody has for himself as long as the object lives.
+class HeldFile {
+public:
+    explicit HeldFile(const std::string& path)
+    {
+        REQUIRE(sqlite3_open(path.c_str(), &database) == SQLITE_OK);
+        REQUIRE(sqlite3_exec(database, "PRAGMA journal_mode = DELETE; BEGIN EXCLUSIVE", nullptr, nullptr, nullptr) ==
+                SQLITE_OK);
+    }
+    ~HeldFile() { sqlite3_close(database); }
+    HeldFile(const HeldFile&) = delete;
+    HeldFile& operator=(const HeldFile&) = delete;
+
+private:
+    sqlite3* database = nullptr;
+};
 
 struct Refusal {
     std::string text;
@@ -50,16 +68,24 @@ Refusal Meet(const std::string& text)
 
 }
 
-TEST_CASE("A start does not wait for a name server that is asleep")
+TEST_CASE("A start waits ten seconds for a name server that is asleep, or for a file that another holds, and no longer")
 {
+    const TestFolder folder;
+    const std::string file = folder.File("office.db");
+    CreateDatabaseFile(file);
+    const HeldFile held(file);
     const std::string name = slowName;
+    auto sqlite = std::async(std::launch::async, Meet, file);
     auto postgres = std::async(std::launch::async, Meet, "postgresql://app:sesame@" + name + ":5432/office");
     auto odbc = std::async(std::launch::async, Meet,
                            "Driver={FreeTDS};Server=" + name + ";Port=1433;UID=a;PWD=sesame;TDS_Version=7.4");
-    for (const Refusal& refusal : {postgres.get(), odbc.get()}) {
+    const std::vector<Refusal> refusals{sqlite.get(), postgres.get(), odbc.get()};
+    CHECK(refusals[0].text == "The database file '" + file + "' cannot be used: database is locked");
+    CHECK(refusals[1].text == "The database server '" + name + ":5432' did not answer within 10 seconds.");
+    CHECK(refusals[2].text == "The database server '" + name + ", port 1433' did not answer within 10 seconds.");
+    for (const Refusal& refusal : refusals) {
         CAPTURE(refusal.text);
-        CHECK(refusal.text.find("'" + name) != std::string::npos);
-        CHECK(refusal.text.find("did not answer within 10 seconds") != std::string::npos);
+        CHECK(refusal.seconds > 8);
         CHECK(refusal.seconds < 11);
     }
 }
