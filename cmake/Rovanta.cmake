@@ -53,8 +53,7 @@ function(rovanta_room name)
   endforeach()
 endfunction()
 
-# rovanta_test(<folder> <library>...): tests/<folder>/*_test.cpp as one program of doctest cases. The cases of a file
-# *_slow_test.cpp are a test of their own with the label slow, which the sanitizer build leaves out.
+# rovanta_test(<folder> <library>...): tests/<folder>/*_test.cpp as one program of doctest cases.
 function(rovanta_test folder)
   file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/tests/${folder}/*_test.cpp)
   if(sources)
@@ -65,11 +64,7 @@ function(rovanta_test folder)
     set_source_files_properties(${PROJECT_SOURCE_DIR}/tests/main.cpp PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
     target_precompile_headers(${folder}_test PRIVATE <string> <vector> <doctest/doctest.h>)
     target_compile_definitions(${folder}_test PRIVATE SOURCE_FOLDER="${PROJECT_SOURCE_DIR}" BINARY_FOLDER="${CMAKE_BINARY_DIR}")
-    add_test(NAME ${folder} COMMAND ${folder}_test --no-intro=true --source-file-exclude=*_slow_test.cpp)
+    add_test(NAME ${folder} COMMAND ${folder}_test --no-intro=true)
     set_tests_properties(${folder} PROPERTIES TIMEOUT 600)
-    if("${sources}" MATCHES "_slow_test\\.cpp")
-      add_test(NAME ${folder}_slow COMMAND ${folder}_test --no-intro=true --source-file=*_slow_test.cpp)
-      set_tests_properties(${folder}_slow PROPERTIES TIMEOUT 600 LABELS slow)
-    endif()
   endif()
 endfunction()
