@@ -50,6 +50,7 @@ std::vector<Result> MeasureStatements(const BenchOffice& office)
     // What comes out asks for functions that only the program's own connection to a file has.
     sqlite3* file = StatementCounter::NewestConnection();
     std::vector<std::string> translated;
+    translated.reserve(statements.size());
     for (const char* statement : statements)
         translated.push_back(translator.Translate(statement, catalogue).plan->statements.back());
 

@@ -210,7 +210,8 @@ int DailyPeriods(const DailyBilling& billing)
     if (days == 0)
         throw DivisionByZero();
     const std::int64_t span = DateDiff("d", billing.firstBillDate, billing.lastDay);
-    return CInt(static_cast<double>(span / days + 1));
+    const std::int64_t periods = span / days + 1;
+    return CInt(static_cast<double>(periods));
 }
 
 std::vector<PlannedInvoice> PlanDailyInvoices(const DailyBilling& billing, const std::vector<BilledItem>& items,

@@ -55,11 +55,9 @@ private:
     /// One comma or one line end behind a field.
     void SkipMark()
     {
-        if (at < text.size() && text[at] == ',')
-            ++at;
-        else if (text.compare(at, 2, "\r\n") == 0)
+        if (text.compare(at, 2, "\r\n") == 0)
             at += 2;
-        else if (at < text.size() && (text[at] == '\n' || text[at] == '\r'))
+        else if (at < text.size() && (text[at] == ',' || text[at] == '\n' || text[at] == '\r'))
             ++at;
     }
 

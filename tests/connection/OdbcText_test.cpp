@@ -54,7 +54,7 @@ TEST_CASE("An ODBC text that makes no sense is told, without the password")
                       {"Driver=;Server=db;PWD=sesame", {"The connection text names no ODBC driver."}},
                       {"Driver={FreeTDS};Port=1433;UID=office;PWD=sesame", {"The connection text names no server."}},
                       {"DSN=no_such_source;UID=office;PWD=sesame", {"'no_such_source'"}},
-                      {"Driver={FreeTDS};Server=db;PWD=open;sesame", {"without a \"=\" behind \"PWD\"", "{braces}"}},
+                      {"Driver={FreeTDS};Server=db;PWD=open;sesame", {R"(without a "=" behind "PWD")", "{braces}"}},
                       {"Driver={FreeTDS};Server=db;PWD=sesame;LoginTimeout=90", {"from 1 to 8, and not \"90\""}},
                       {"Driver={FreeTDS};Server=db;PWD=sesame;QueryTimeout=soon", {"from 1 to 60, and not \"soon\""}},
                   });

@@ -110,6 +110,11 @@ private:
 
 }
 
+static std::runtime_error UnknownWord(const std::string& path, int line, const std::string& word)
+{
+    return std::runtime_error(path + ":" + std::to_string(line) + ": unknown word " + word);
+}
+
 CaseFile ReadCaseFile(const std::string& path)
 {
     CaseFile file{path, {}, {}};
@@ -128,7 +133,7 @@ CaseFile ReadCaseFile(const std::string& path)
             file.cases.back().steps.back().expected.push_back(rest);
             file.cases.back().steps.back().chosenColumns |= word == "only";
         } else {
-            throw std::runtime_error(path + ":" + std::to_string(number) + ": unknown word " + word);
+            throw UnknownWord(path, number, word);
         }
     }
     return file;

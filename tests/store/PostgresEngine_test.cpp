@@ -209,7 +209,7 @@ TEST_CASE("A look-up by a text is served by the index, whatever its case and its
                    "ANALYZE \"Customer\"");
     CHECK(RowsOf(office, "SELECT ID FROM Customer WHERE Name = 'CUSTOMER 777  '") == std::vector<std::string>{"777"});
     const PostgresRows plan =
-        bare.RunScript("EXPLAIN SELECT \"ID\" FROM \"Customer\" WHERE \"Name\" = 'CUSTOMER 777  '::bpchar");
+        bare.RunScript(R"(EXPLAIN SELECT "ID" FROM "Customer" WHERE "Name" = 'CUSTOMER 777  '::bpchar)");
     std::string text;
     for (int row = 0; row < plan.RowCount(); ++row)
         text += plan.Text(row, 0);

@@ -83,7 +83,7 @@ std::string RefusalOfOrdinaryUser(const Office& office)
 {
     const bool root = geteuid() == 0;
     REQUIRE((!root || (setegid(nobody) == 0 && seteuid(nobody) == 0)));
-    const std::string refusal = RefusalOf([&] { RestoreOffice(office.folder.path, office.Backup()); });
+    std::string refusal = RefusalOf([&] { RestoreOffice(office.folder.path, office.Backup()); });
     REQUIRE((!root || (seteuid(0) == 0 && setegid(0) == 0)));
     return refusal;
 }

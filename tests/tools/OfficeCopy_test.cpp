@@ -45,12 +45,12 @@ void MakeOffice(const std::string& text)
           "DELETE FROM Driver WHERE Name<>'First'",
           "INSERT INTO Bus (Name) VALUES ('Sold')",
           "DELETE FROM Bus",
-          "INSERT INTO Tour (CustomerID,TourName,TotalTourBudget,DateEntered) "
-          "VALUES (2,'Spring',-1234.5678,'3/2/2026 4:05:06 PM')",
+          ("INSERT INTO Tour (CustomerID,TourName,TotalTourBudget,DateEntered) "
+           "VALUES (2,'Spring',-1234.5678,'3/2/2026 4:05:06 PM')"),
           "INSERT INTO TourItems (ID,TourID,BilledMonths,BusTotal,BusContract) VALUES (1,1,0.1,99.99,1)",
           "INSERT INTO TourItems (ID,TourID,BilledMonths,BusTotal,BusContract) VALUES (2,1,NULL,NULL,NULL)",
-          "CREATE TABLE CoDriverData (ID bigint IDENTITY(1,1) NOT NULL PRIMARY KEY, DriverID bigint NULL, "
-          "Notes varchar(500) NULL)",
+          ("CREATE TABLE CoDriverData (ID bigint IDENTITY(1,1) NOT NULL PRIMARY KEY, DriverID bigint NULL, "
+           "Notes varchar(500) NULL)"),
           "INSERT INTO CoDriverData (DriverID,Notes) VALUES (5000000000,'')",
           "CREATE TABLE HouseNotes (ID int IDENTITY(1,1) PRIMARY KEY, Words varchar(40) NOT NULL, Worth money)",
           "INSERT INTO HouseNotes (Words,Worth) VALUES ('kept',0.0001)",

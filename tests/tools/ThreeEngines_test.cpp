@@ -55,8 +55,8 @@ TEST_CASE("an office goes from a file to SQL Server, on to PostgreSQL and back t
               "DELETE FROM Customer WHERE Name='Gone'", "INSERT INTO Invoice (SubTotal) VALUES (1)",
               "INSERT INTO Invoice (SubTotal) VALUES (2)", "INSERT INTO Invoice (SubTotal) VALUES (3)",
               "DELETE FROM Invoice WHERE ID > 1",
-              "INSERT INTO Tour (CustomerID,TourName,TotalTourBudget,DateEntered) "
-              "VALUES (2,'','-1234.5678','3/2/2026 4:05:06 PM')",
+              ("INSERT INTO Tour (CustomerID,TourName,TotalTourBudget,DateEntered) "
+               "VALUES (2,'','-1234.5678','3/2/2026 4:05:06 PM')"),
               "INSERT INTO TourItems (ID,TourID,BilledMonths,BusTotal,BusContract) VALUES (7,1,0.1,99.99,1)",
               "INSERT INTO OldTourName (Customer,OldName,NewName) VALUES ('A','B','C')",
               "INSERT INTO OldTourName (Customer,OldName,NewName) VALUES ('A','B','C')"})
