@@ -5,15 +5,15 @@
 #include "support/TestApp.h"
 #include "support/TestServer.h"
 #include "tools/BusyDesk.h"
+#include "tools/OfficeContent.h"
 
 #include <doctest/doctest.h>
 
-#include <algorithm>
-#include <map>
 #include <memory>
 
 using namespace rovanta;
 using rovanta::tests::BusyDesk;
+using rovanta::tests::ContentOf;
 using rovanta::tests::TestFolder;
 using rovanta::tests::WriteContent;
 
@@ -69,28 +69,6 @@ std::string Shown(const Value& value)
     if (const auto* number = std::get_if<double>(&value.Get()))
         return std::to_string(*number) + (*number == 1.0 / 3 ? " exactly" : "");
     return std::to_string(value.Get().index()) + ":" + value.TextOrEmpty();
-}
-
-/// All rows of all tables.
-std::map<std::string, std::vector<std::string>> Content(const std::string& text)
-{
-    Connection connection;
-    connection.Open(text);
-    std::map<std::string, std::vector<std::string>> content;
-    for (const TableInfo& table : ListTables(connection)) {
-        if (table.kind == TableKind::View)
-            continue;
-        std::vector<std::string>& lines = content[table.name];
-        Recordset rows(Statement{"SELECT * FROM ["} + Name(table.name) + "]", connection);
-        for (; !rows.Eof(); rows.MoveNext()) {
-            std::string line;
-            for (std::size_t column = 0; column < table.columns.size(); ++column)
-                line += Shown(rows.FieldAt(column).Value()) + "|";
-            lines.push_back(line);
-        }
-        std::sort(lines.begin(), lines.end());
-    }
-    return content;
 }
 
 /// The number that the database gives the next row.
@@ -154,10 +132,10 @@ TEST_CASE("a copy holds every row of every table under its own number")
     const Pair pair;
     MakeOffice(pair.from);
     const CopyReport report = CopyOffice(pair.from, pair.to);
-    const auto original = Content(pair.from);
+    const auto original = ContentOf(pair.from, Shown);
     CHECK(report.tables.size() == original.size());
     CHECK(report.viewsLeft == std::vector<std::string>{"HouseView"});
-    CHECK(Content(pair.to) == original);
+    CHECK(ContentOf(pair.to, Shown) == original);
     CHECK(original.at("HouseNotes").size() == 1);
 
     SUBCASE("and goes on counting where the office stood, behind rows that are gone as well")
@@ -169,13 +147,13 @@ TEST_CASE("a copy holds every row of every table under its own number")
             CHECK(NextNumber(text, "Owner") == 1);
             CHECK(NextNumber(text, "HouseNotes", "Words") == 3);
         }
-        CHECK(Content(pair.to) == Content(pair.from));
+        CHECK(ContentOf(pair.to, Shown) == ContentOf(pair.from, Shown));
     }
     SUBCASE("and comes back the same")
     {
         const std::string back = pair.folder.File("back.db");
         CopyOffice(pair.to, back);
-        CHECK(Content(back) == original);
+        CHECK(ContentOf(back, Shown) == original);
         CHECK(NextNumber(back, "Driver") == 4);
     }
 }
