@@ -216,8 +216,6 @@ std::unique_ptr<Engine> OpenSqlite(const std::string& path)
     if (version != 0 && version != schemaVersion)
         throw DatabaseError("The database file '" + path + "' holds version " + std::to_string(version) +
                             " of the schema, and this program needs version " + std::to_string(schemaVersion) + ".");
-    if (!session.CanWrite())
-        throw DatabaseError("The database file '" + path + "' cannot be written.");
     // What a save has reported done is on the disk, even if the power fails.
     session.RunOnFile("PRAGMA journal_mode = WAL; PRAGMA synchronous = FULL; PRAGMA temp_store = MEMORY");
     session.WaitFor(60s);

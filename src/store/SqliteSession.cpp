@@ -243,11 +243,6 @@ int SqliteSession::ChangedCount() const
     return sqlite3_changes(database.get());
 }
 
-bool SqliteSession::CanWrite() const
-{
-    return sqlite3_db_readonly(database.get(), "main") != 1;
-}
-
 void SqliteSession::CopyTo(SqliteSession& target)
 {
     std::unique_ptr<sqlite3_backup, int (*)(sqlite3_backup*)> backup(

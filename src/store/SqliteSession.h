@@ -88,7 +88,6 @@ public:
 
     std::int64_t LastRow() const;
     int ChangedCount() const;
-    bool CanWrite() const;
 
     /// Copies all pages in one step, so that they are those of one moment. Throws DatabaseError that names both files.
     void CopyTo(SqliteSession& target);
