@@ -165,44 +165,6 @@ TEST_CASE("A save on a full disk is told in the database's words and writes noth
     CHECK(RowsOf(office, "SELECT Name FROM Owner") == std::vector<std::string>{"'B'"});
 }
 
-TEST_CASE("Tables that another desk makes, changes and drops are seen")
-{
-    TestOffice office;
-    Connection other;
-    other.Open(office.File());
-    CHECK_THROWS_AS(office.Open("SELECT * FROM tmpCustomerInvoices"), DatabaseError);
-    other.Execute("CREATE TABLE tmpCustomerInvoices (CustomerName varchar(100), Invoiced money)");
-    other.Execute("INSERT INTO tmpCustomerInvoices VALUES ('Gold Pine',5)");
-    CHECK(RowsOf(office, "SELECT * FROM tmpCustomerInvoices") == std::vector<std::string>{"'Gold Pine' | 5"});
-    other.Execute("DROP TABLE tmpCustomerInvoices");
-    other.Execute("CREATE TABLE tmpCustomerInvoices (CustomerName varchar(100), Invoiced money, Extra int)");
-    other.Execute("INSERT INTO tmpCustomerInvoices VALUES ('Gold Pine',5,7)");
-    CHECK(RowsOf(office, "SELECT * FROM tmpCustomerInvoices") == std::vector<std::string>{"'Gold Pine' | 5 | 7"});
-    other.Execute("DROP TABLE tmpCustomerInvoices");
-    CHECK_THROWS_WITH_AS(office.Open("SELECT * FROM tmpCustomerInvoices"), "Invalid object name 'tmpCustomerInvoices'.",
-                         DatabaseError);
-}
-
-TEST_CASE("The catalogue tells the columns as the schema made them")
-{
-    TestOffice office;
-    const TablePointer items = office.connection.GetEngine().Tables().Find("INVOICEITEMS");
-    REQUIRE(items);
-    std::string columns;
-    for (const ColumnInfo& column : items->columns)
-        columns += column.name + " " + TypeDeclaration(column.type) + ",";
-    CHECK(columns == "InvoiceID int,Row int,TourID int,Qty1 float,Qty2 float,UoM varchar(20),Description varchar(1000),"
-                     "Rate money,PriceExt money,BusID int,Other varchar(250),BusType varchar(50),Acct varchar(50),"
-                     "OrderField int,Type varchar(50),Taxable bit,StartDate datetime,EndDate datetime,");
-    const TablePointer tour = office.connection.GetEngine().Tables().Find("Tour");
-    CHECK(tour->Identity() == &tour->columns[0]);
-    CHECK_FALSE(tour->columns[0].nullable);
-    CHECK(tour->columns[1].nullable);
-    CHECK(items->Identity() == nullptr);
-    CHECK(office.connection.GetEngine().Tables().Find("BusExpenses")->kind == TableKind::View);
-    CHECK(office.connection.GetEngine().Tables().Find("ReceivePayment") == nullptr);
-}
-
 TEST_CASE("Statements of one shape share their plan and differ in their values")
 {
     TestOffice office;
